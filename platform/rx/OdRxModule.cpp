@@ -1,0 +1,3 @@
+#include "platform/rx/OdRxModule.h"
+
+ODRX_NO_CONS_DEFINE_MEMBERS(OdRxModule, OdRxObject)
