@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
 #include "platform/rx/OdRxDynamicLinker.h"
 #include "platform/rx/OdRxModule.h"
@@ -19,12 +20,14 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdRxObject::rxInit, &OdRxObject::rxUninit},
     {&OdRxClass::rxInit, &OdRxClass::rxUninit},
     {&OdRxModule::rxInit, &OdRxModule::rxUninit},
+    {&OdResBuf::rxInit, &OdResBuf::rxUninit},
 };
 }  // namespace
 
 void odInitialize() {
   if (g_initialized) return;
-  for (const auto& registration : kPlatformClasses) registration.init();
+  for (const auto& registration : kPlatformClasses)
+    registration.init();
   g_initialized = true;
 }
 
@@ -36,4 +39,6 @@ void odUninitialize() {
   g_initialized = false;
 }
 
-bool odIsInitialized() { return g_initialized; }
+bool odIsInitialized() {
+  return g_initialized;
+}
