@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "platform/host/OdEdCommand.h"
 #include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
 #include "platform/rx/OdRxDynamicLinker.h"
@@ -17,10 +18,9 @@ struct ClassRegistration {
 };
 
 const ClassRegistration kPlatformClasses[] = {
-    {&OdRxObject::rxInit, &OdRxObject::rxUninit},
-    {&OdRxClass::rxInit, &OdRxClass::rxUninit},
-    {&OdRxModule::rxInit, &OdRxModule::rxUninit},
-    {&OdResBuf::rxInit, &OdResBuf::rxUninit},
+    {&OdRxObject::rxInit, &OdRxObject::rxUninit},   {&OdRxClass::rxInit, &OdRxClass::rxUninit},
+    {&OdRxModule::rxInit, &OdRxModule::rxUninit},   {&OdResBuf::rxInit, &OdResBuf::rxUninit},
+    {&OdEdCommand::rxInit, &OdEdCommand::rxUninit},
 };
 }  // namespace
 

