@@ -18,16 +18,17 @@ struct ClassRegistration {
 };
 
 const ClassRegistration kPlatformClasses[] = {
-    {&OdRxObject::rxInit, &OdRxObject::rxUninit},   {&OdRxClass::rxInit, &OdRxClass::rxUninit},
-    {&OdRxModule::rxInit, &OdRxModule::rxUninit},   {&OdResBuf::rxInit, &OdResBuf::rxUninit},
+    {&OdRxObject::rxInit, &OdRxObject::rxUninit},
+    {&OdRxClass::rxInit, &OdRxClass::rxUninit},
+    {&OdRxModule::rxInit, &OdRxModule::rxUninit},
+    {&OdResBuf::rxInit, &OdResBuf::rxUninit},
     {&OdEdCommand::rxInit, &OdEdCommand::rxUninit},
 };
 }  // namespace
 
 void odInitialize() {
   if (g_initialized) return;
-  for (const auto& registration : kPlatformClasses)
-    registration.init();
+  for (const auto& registration : kPlatformClasses) registration.init();
   g_initialized = true;
 }
 
@@ -39,6 +40,4 @@ void odUninitialize() {
   g_initialized = false;
 }
 
-bool odIsInitialized() {
-  return g_initialized;
-}
+bool odIsInitialized() { return g_initialized; }
