@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "platform/host/OdEdCommand.h"
+#include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
 #include "platform/rx/OdRxDynamicLinker.h"
 #include "platform/rx/OdRxModule.h"
@@ -19,6 +21,8 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdRxObject::rxInit, &OdRxObject::rxUninit},
     {&OdRxClass::rxInit, &OdRxClass::rxUninit},
     {&OdRxModule::rxInit, &OdRxModule::rxUninit},
+    {&OdResBuf::rxInit, &OdResBuf::rxUninit},
+    {&OdEdCommand::rxInit, &OdEdCommand::rxUninit},
 };
 }  // namespace
 
