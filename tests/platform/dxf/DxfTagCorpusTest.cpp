@@ -10,6 +10,7 @@
 #include "platform/dxf/DxfAsciiTagWriter.h"
 #include "platform/dxf/DxfBinaryTagWriter.h"
 #include "platform/dxf/DxfTagReader.h"
+#include "platform/dxf/DxfTagTestSupport.h"
 
 namespace {
 // Sections per corpus file, counted in the files themselves.
@@ -68,14 +69,11 @@ TEST(DxfTagCorpus, EveryFileTokenizesToEofAndRoundTrips) {
     ++files;
     auto reader = DxfTagReader::open(entry.path().string());
     EXPECT_EQ(reader->isBinary(), name.find("bin") != std::string::npos);
-    std::vector<DxfTag> tags;
-    DxfTag tag;
-    int sections = 0;
-    while (reader->next(tag)) {
-      tags.push_back(tag);
-      if (tag.is(0, "SECTION")) ++sections;
-    }
+    std::vector<DxfTag> tags = readAll(*reader);
     ASSERT_FALSE(tags.empty());
+    int sections = 0;
+    for (const DxfTag& t : tags)
+      sections += t.is(0, "SECTION") ? 1 : 0;
     EXPECT_TRUE(tags.back().is(0, "EOF"));
     auto expected = kSections.find(name);
     ASSERT_NE(expected, kSections.end()) << "a corpus file this test does not know";
@@ -89,6 +87,7 @@ TEST(DxfTagCorpus, EveryFileTokenizesToEofAndRoundTrips) {
     for (const DxfTag& t : tags)
       writer->writeTag(t);
     auto again = DxfTagReader::fromMemory(writer->takeData());
+    DxfTag tag;
     std::size_t i = 0;
     while (again->next(tag)) {
       ASSERT_LT(i, tags.size());

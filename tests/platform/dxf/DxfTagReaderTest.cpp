@@ -8,18 +8,12 @@
 #include "platform/base/OdError.h"
 #include "platform/dxf/DxfBinaryTagReader.h"
 #include "platform/dxf/DxfTagReader.h"
+#include "platform/dxf/DxfTagTestSupport.h"
 
 using ::testing::AllOf;
 using ::testing::HasSubstr;
 
 namespace {
-std::vector<DxfTag> readAll(DxfTagReader& reader) {
-  std::vector<DxfTag> tags;
-  DxfTag tag;
-  while (reader.next(tag))
-    tags.push_back(tag);
-  return tags;
-}
 
 // The OdError that reading the whole input raises.
 OdError readError(std::string bytes) {

@@ -12,15 +12,9 @@
 #include "platform/dxf/DxfAsciiTagWriter.h"
 #include "platform/dxf/DxfBinaryTagWriter.h"
 #include "platform/dxf/DxfTagReader.h"
+#include "platform/dxf/DxfTagTestSupport.h"
 
 namespace {
-std::vector<DxfTag> readAll(DxfTagReader& reader) {
-  std::vector<DxfTag> tags;
-  DxfTag tag;
-  while (reader.next(tag))
-    tags.push_back(tag);
-  return tags;
-}
 
 // Both file forms, so each behaviour is checked through each writer and its reader.
 class DxfTagWriting : public ::testing::TestWithParam<bool> {
