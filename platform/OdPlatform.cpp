@@ -31,6 +31,8 @@
 #include "platform/db/OdDbXrecord.h"
 #include "platform/db/OdRxEvent.h"
 #include "platform/db/OdRxEventReactor.h"
+#include "platform/host/OdEdCommand.h"
+#include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
 #include "platform/rx/OdRxDynamicLinker.h"
 #include "platform/rx/OdRxModule.h"
@@ -48,6 +50,8 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdRxObject::rxInit, &OdRxObject::rxUninit},
     {&OdRxClass::rxInit, &OdRxClass::rxUninit},
     {&OdRxModule::rxInit, &OdRxModule::rxUninit},
+    {&OdResBuf::rxInit, &OdResBuf::rxUninit},
+    {&OdEdCommand::rxInit, &OdEdCommand::rxUninit},
     {&OdDbDwgFiler::rxInit, &OdDbDwgFiler::rxUninit},
     {&OdDbMemoryDwgFiler::rxInit, &OdDbMemoryDwgFiler::rxUninit},
     {&OdDbDxfFiler::rxInit, &OdDbDxfFiler::rxUninit},

@@ -5,7 +5,7 @@
 
 #include "platform/db/OdDbDwgFiler.h"
 #include "platform/db/OdDbDxfFiler.h"
-#include "platform/ge/OdGeContext.h"
+#include "platform/ge/OdGeTol.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS(OdDbAttributeBase, OdDbEntity)

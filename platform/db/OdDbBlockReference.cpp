@@ -11,7 +11,7 @@
 #include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/OdDbStub.h"
 #include "platform/db/OdDbWriteGuard.h"
-#include "platform/ge/OdGeContext.h"
+#include "platform/ge/OdGeTol.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbBlockReference, OdDbEntity, "INSERT", "", 0)

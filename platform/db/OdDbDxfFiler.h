@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "platform/base/OdArray.h"
+#include "platform/base/OdBinaryData.h"
 #include "platform/base/OdResult.h"
 #include "platform/base/OdString.h"
 #include "platform/db/OdDbDwgFiler.h"
@@ -69,7 +69,7 @@ class OdDbDxfFiler : public OdRxObject {
   virtual OdGeVector3d rdVector3d() = 0;
   virtual OdDbObjectId rdObjectId() = 0;
   virtual OdDbHandle rdHandle() = 0;
-  virtual OdArray<std::uint8_t> rdBinaryChunk() = 0;
+  virtual OdBinaryData rdBinaryChunk() = 0;
   // The next item as a result buffer (null at the end).
   virtual void nextRb(OdResBufPtr& item) = 0;
 

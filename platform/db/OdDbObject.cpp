@@ -13,6 +13,7 @@
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/db/OdDbResBufFiler.h"
 #include "platform/db/OdDbStub.h"
 #include "platform/db/OdDbWriteGuard.h"
 #include "platform/resbuf/OdResBuf.h"
@@ -427,54 +428,6 @@ OdResult OdDbObject::subErase(bool) { return eOk; }
 OdResult OdDbObject::subOpen(OdDb::OpenMode) { return eOk; }
 void OdDbObject::subAddedToDatabase() {}
 
-namespace {
-void writeXDataItem(OdDbDwgFiler* filer, const OdResBuf* item) {
-  const int code = item->restype();
-  filer->wrInt16(static_cast<std::int16_t>(code));
-  if (code == 1004) {
-    const auto& bytes = item->getBinaryChunk();
-    filer->wrInt32(static_cast<std::int32_t>(bytes.size()));
-    filer->wrBytes(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
-  } else if (code == 1005) {
-    filer->wrDbHandle(item->getHandle());
-  } else if (code >= 1010 && code <= 1013) {
-    filer->wrPoint3d(item->getPoint3d());
-  } else if (code >= 1040 && code <= 1042) {
-    filer->wrDouble(item->getDouble());
-  } else if (code == 1070) {
-    filer->wrInt16(item->getInt16());
-  } else if (code == 1071) {
-    filer->wrInt32(item->getInt32());
-  } else {
-    filer->wrString(item->getString());
-  }
-}
-
-OdResBufPtr readXDataItem(OdDbDwgFiler* filer) {
-  const int code = filer->rdInt16();
-  if (!isXDataItemCode(code) || code == 1001)
-    throw OdError(eDwgObjectImproperlyRead,
-                  "group code " + std::to_string(code) + " is not an extended data item");
-  if (code == 1004) {
-    std::vector<unsigned char> bytes(static_cast<std::size_t>(std::max(filer->rdInt32(), 0)));
-    filer->rdBytes(bytes.data(), static_cast<std::uint32_t>(bytes.size()));
-    OdResBufPtr item = OdResBuf::newRb(code);
-    item->setBinaryChunk(bytes);
-    return item;
-  }
-  if (code == 1005) {
-    OdResBufPtr item = OdResBuf::newRb(code);
-    item->setHandle(filer->rdDbHandle());
-    return item;
-  }
-  if (code >= 1010 && code <= 1013) return OdResBuf::newRb(code, filer->rdPoint3d());
-  if (code >= 1040 && code <= 1042) return OdResBuf::newRb(code, filer->rdDouble());
-  if (code == 1070) return OdResBuf::newRb(code, filer->rdInt16());
-  if (code == 1071) return OdResBuf::newRb(code, filer->rdInt32());
-  return OdResBuf::newRb(code, filer->rdString());
-}
-}  // namespace
-
 void OdDbObject::dwgOutFields(OdDbDwgFiler* filer) const {
   assertReadEnabled();
   const bool copying = filer->filerType() == OdDb::kCopyFiler;
@@ -494,7 +447,7 @@ void OdDbObject::dwgOutFields(OdDbDwgFiler* filer) const {
     for (const OdResBuf* item = app.second.get(); item; item = item->next().get()) ++items;
     filer->wrInt32(items);
     for (const OdResBuf* item = app.second.get(); item; item = item->next().get())
-      writeXDataItem(filer, item);
+      OdDbResBufFiler::write(filer, item);
   }
 }
 
@@ -522,7 +475,11 @@ OdResult OdDbObject::dwgInFields(OdDbDwgFiler* filer) {
     OdResBufPtr head;
     OdResBuf* tail = nullptr;
     for (std::int32_t j = 0; j < items; ++j) {
-      OdResBufPtr item = readXDataItem(filer);
+      OdResBufPtr item = OdDbResBufFiler::read(filer);
+      if (!isXDataItemCode(item->restype()) || item->restype() == 1001)
+        throw OdError(eDwgObjectImproperlyRead, describe().str() + ": group code " +
+                                                    std::to_string(item->restype()) +
+                                                    " is not an extended data item");
       if (tail)
         tail->setNext(item.get());
       else

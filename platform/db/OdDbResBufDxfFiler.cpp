@@ -82,11 +82,10 @@ OdGeVector3d OdDbResBufDxfFiler::rdVector3d() {
   const OdGePoint3d point = current().getPoint3d();
   return OdGeVector3d(point.x, point.y, point.z);
 }
-OdDbObjectId OdDbResBufDxfFiler::rdObjectId() { return current().getObjectId(m_database); }
+OdDbObjectId OdDbResBufDxfFiler::rdObjectId() { return current().getObjectId(); }
 OdDbHandle OdDbResBufDxfFiler::rdHandle() { return current().getHandle(); }
-OdArray<std::uint8_t> OdDbResBufDxfFiler::rdBinaryChunk() {
-  const auto& bytes = current().getBinaryChunk();
-  return OdArray<std::uint8_t>(std::vector<std::uint8_t>(bytes.begin(), bytes.end()));
+OdBinaryData OdDbResBufDxfFiler::rdBinaryChunk() {
+  return current().getBinaryChunk();
 }
 void OdDbResBufDxfFiler::nextRb(OdResBufPtr& item) {
   item.release();
@@ -153,7 +152,7 @@ void OdDbResBufDxfFiler::wrHandle(int groupCode, const OdDbHandle& value) {
 void OdDbResBufDxfFiler::wrBinaryChunk(int groupCode, const std::uint8_t* data,
                                        std::uint32_t size) {
   OdResBufPtr item = OdResBuf::newRb(groupCode);
-  item->setBinaryChunk(std::vector<unsigned char>(data, data + size));
+  item->setBinaryChunk(OdBinaryData(std::vector<unsigned char>(data, data + size)));
   append(item);
 }
 void OdDbResBufDxfFiler::writeRb(const OdResBuf* item) {

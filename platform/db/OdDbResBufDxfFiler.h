@@ -41,7 +41,7 @@ class OdDbResBufDxfFiler : public OdDbDxfFiler {
   OdGeVector3d rdVector3d() override;
   OdDbObjectId rdObjectId() override;
   OdDbHandle rdHandle() override;
-  OdArray<std::uint8_t> rdBinaryChunk() override;
+  OdBinaryData rdBinaryChunk() override;
   void nextRb(OdResBufPtr& item) override;
 
   void wrString(int groupCode, const OdString& value) override;

@@ -1,0 +1,22 @@
+// What kind of value a DXF group code carries: the one place that maps code ranges to types.
+#pragma once
+
+enum class DxfValueKind {
+  kInvalid,  // not a group code that may appear in a DXF file
+  kString,   // text; also the 999 comment
+  kDouble,   // coordinates, distances, angles, scales
+  kInt16,
+  kInt32,
+  kInt64,
+  kBool,    // written as an integer in text files, one byte in binary files
+  kHandle,  // hexadecimal text in both forms
+  kBinary,  // hexadecimal text in text files, length-prefixed bytes in binary files
+};
+
+class DxfGroupCode {
+ public:
+  // The value kind of a group code; kInvalid for codes outside the DXF ranges.
+  static DxfValueKind kindOf(int code) noexcept;
+  // "a double", "a 16-bit integer", ...: for messages that say what was expected.
+  static const char* kindName(DxfValueKind kind) noexcept;
+};

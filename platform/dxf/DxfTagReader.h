@@ -1,0 +1,42 @@
+// Reads a DXF file as a stream of tags, whichever form (text or binary) the file has.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/base/OdString.h"
+#include "platform/dxf/DxfTag.h"
+
+class DxfTagReader {
+ public:
+  virtual ~DxfTagReader() = default;
+  DxfTagReader(const DxfTagReader&) = delete;
+  DxfTagReader& operator=(const DxfTagReader&) = delete;
+
+  // Reads the whole file into memory and picks the reader for its form: binary when it opens
+  // with the binary sentinel, text otherwise. OdError(eCantOpenFile) when it cannot be read.
+  static std::unique_ptr<DxfTagReader> open(const OdString& path);
+  // The same over a file image already in memory; the reader keeps the bytes.
+  static std::unique_ptr<DxfTagReader> fromMemory(std::string bytes);
+
+  // The next tag; false at the end of the input, which is the 0/EOF tag or the end of the
+  // bytes between two tags. Comments (999) are skipped. A tag cut short or a bad group code
+  // raises OdError with the position. The tag's value is a view into this reader's buffer.
+  bool next(DxfTag& tag);
+  // Makes the next call to next() return the tag just returned again: one tag of look-ahead.
+  void pushBack();
+  // Where the last tag returned starts: "line 1234" or "byte 0x1A2B".
+  virtual OdString position() const = 0;
+  virtual bool isBinary() const = 0;
+
+ protected:
+  DxfTagReader() = default;
+  // Reads one tag from the input; false at the end of the bytes between two tags.
+  virtual bool readTag(DxfTag& tag) = 0;
+
+ private:
+  DxfTag m_last;
+  bool m_hasLast = false;
+  bool m_pushedBack = false;
+  bool m_finished = false;
+};

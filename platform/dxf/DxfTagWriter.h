@@ -1,0 +1,61 @@
+// Writes DXF tags into a byte buffer that the file layer saves; the group code decides how a value
+// is stored, whatever C++ type it was passed as.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/db/OdDbHandle.h"
+#include "platform/dxf/DxfGroupCode.h"
+
+class DxfTag;
+
+class DxfTagWriter {
+ public:
+  virtual ~DxfTagWriter() = default;
+  DxfTagWriter(const DxfTagWriter&) = delete;
+  DxfTagWriter& operator=(const DxfTagWriter&) = delete;
+
+  // A value that does not suit its group code raises OdError(eInvalidDxfCode); a value the file
+  // cannot hold (a zero byte in text, a line break in text of a text file, a number out of
+  // range, a non-finite double) raises OdError(eInvalidInput). Nothing is written then.
+  void write(int code, std::string_view text);  // text codes, and handle codes given as hex
+  void write(int code, const char* text) { write(code, std::string_view(text)); }
+  // Integers suit integer, boolean and double codes; they are stored at the code's width.
+  void write(int code, std::int16_t value) { writeInteger(code, value); }
+  void write(int code, std::int32_t value) { writeInteger(code, value); }
+  void write(int code, std::int64_t value) { writeInteger(code, value); }
+  void write(int code, bool value) { writeInteger(code, value ? 1 : 0); }
+  void write(int code, double value);
+  void write(int code, const OdDbHandle& handle);
+  // Binary data under a 310-range or 1004 code, split into chunks of at most 127 bytes.
+  void writeBinary(int code, const std::uint8_t* data, std::size_t size);
+  // A point from the code of its x (10-18, 110-112, 210, 1010-1013): x, then y at code + 10,
+  // then z at code + 20.
+  void writePoint(int code, double x, double y);
+  void writePoint(int code, double x, double y, double z);
+  // Copies a tag read from a file of either form; text is kept byte for byte.
+  void writeTag(const DxfTag& tag);
+
+  const std::string& data() const noexcept { return m_data; }
+  std::string takeData() { return std::move(m_data); }
+
+ protected:
+  DxfTagWriter() = default;
+
+  virtual void putText(int code, std::string_view text) = 0;
+  virtual void putInteger(int code, DxfValueKind kind, std::int64_t value) = 0;
+  virtual void putDouble(int code, double value) = 0;
+  virtual void putChunk(int code, const std::uint8_t* data, std::size_t size) = 0;
+
+  std::string m_data;
+
+ private:
+  void writeInteger(int code, std::int64_t value);
+  void checkPoint(int code) const;
+
+  std::vector<std::uint8_t> m_chunk;  // reused by writeTag for binary chunks
+};
