@@ -86,7 +86,8 @@ const ClassRegistration kPlatformClasses[] = {
 
 void odInitialize() {
   if (g_initialized) return;
-  for (const auto& registration : kPlatformClasses) registration.init();
+  for (const auto& registration : kPlatformClasses)
+    registration.init();
   g_initialized = true;
 }
 
@@ -98,4 +99,6 @@ void odUninitialize() {
   g_initialized = false;
 }
 
-bool odIsInitialized() { return g_initialized; }
+bool odIsInitialized() {
+  return g_initialized;
+}

@@ -26,7 +26,8 @@ OdResult OdDbAttribute::dxfInFields(OdDbDxfFiler* filer) {
   if (!filer->atSubclassData("AcDbAttribute"))
     throw OdError(eBadDxfSequence, describe().str() + ": AcDbAttribute expected at " +
                                        filer->describePosition().str());
-  while (!filer->atEOF() && !filer->atEndOfObject()) dxfInAttributeItem(filer, filer->nextItem());
+  while (!filer->atEOF() && !filer->atEndOfObject())
+    dxfInAttributeItem(filer, filer->nextItem());
   return filer->filerStatus();
 }
 

@@ -28,12 +28,13 @@ OdDbAttributeBase::OdDbAttributeBase() = default;
     return member;                                                     \
   }                                                                    \
   void OdDbAttributeBase::setter(ParamType value) {                    \
-    assertWriteEnabled();                                   \
-    member = value;                                         \
+    assertWriteEnabled();                                              \
+    member = value;                                                    \
   }
 
 JB_ATTRIBUTE_PROPERTY(OdGePoint3d, const OdGePoint3d&, position, setPosition, m_position)
-JB_ATTRIBUTE_PROPERTY(OdGePoint3d, const OdGePoint3d&, alignmentPoint, setAlignmentPoint, m_alignment)
+JB_ATTRIBUTE_PROPERTY(OdGePoint3d, const OdGePoint3d&, alignmentPoint, setAlignmentPoint,
+                      m_alignment)
 JB_ATTRIBUTE_PROPERTY(double, double, widthFactor, setWidthFactor, m_widthFactor)
 JB_ATTRIBUTE_PROPERTY(double, double, oblique, setOblique, m_oblique)
 JB_ATTRIBUTE_PROPERTY(double, double, thickness, setThickness, m_thickness)
@@ -75,7 +76,8 @@ double OdDbAttributeBase::height() const {
   return m_height;
 }
 void OdDbAttributeBase::setHeight(double height) {
-  if (!(height > 0.0)) throw OdError(eInvalidInput, describe().str() + ": text height must be positive");
+  if (!(height > 0.0))
+    throw OdError(eInvalidInput, describe().str() + ": text height must be positive");
   assertWriteEnabled();
   m_height = height;
 }
@@ -143,8 +145,7 @@ OdResult OdDbAttributeBase::transformBy(const OdGeMatrix3d& xform) {
   direction.transformBy(xform);
   up.transformBy(xform);
   OdGeVector3d normal = direction.crossProduct(up);
-  if (normal.isZeroLength() || direction.isZeroLength())
-    return eCannotScaleNonUniformly;
+  if (normal.isZeroLength() || direction.isZeroLength()) return eCannotScaleNonUniformly;
   normal = normal.normal();
   OdGeVector3d planar = direction;
   planar.transformBy(OdGeMatrix3d::planeToWorld(normal).inverse());
@@ -182,7 +183,8 @@ OdResult OdDbAttributeBase::getGeomExtents(OdGeExtents3d& extents) const {
   OdGePoint3dArray points;
   getGripPoints(points);
   OdGeExtents3d result;
-  for (const OdGePoint3d& point : points) result.addPoint(point);
+  for (const OdGePoint3d& point : points)
+    result.addPoint(point);
   extents = result;
   return eOk;
 }
@@ -253,23 +255,47 @@ OdResult OdDbAttributeBase::dxfInFields(OdDbDxfFiler* filer) {
   const OdResult result = OdDbEntity::dxfInFields(filer);
   if (result != eOk) return result;
   if (!filer->atSubclassData("AcDbText"))
-    throw OdError(eBadDxfSequence, describe().str() + ": AcDbText expected at " +
-                                       filer->describePosition().str());
+    throw OdError(eBadDxfSequence,
+                  describe().str() + ": AcDbText expected at " + filer->describePosition().str());
   while (!filer->atEOF() && !filer->atEndOfObject()) {
     const int code = filer->nextItem();
     switch (code) {
-      case 10: m_position = filer->rdPoint3d(); break;
-      case 11: m_alignment = filer->rdPoint3d(); break;
-      case 40: m_height = filer->rdDouble(); break;
-      case 1: m_text = filer->rdString(); break;
-      case 50: m_rotation = normalizedAngle(filer->rdDouble() * kTwoPi / 360.0); break;
-      case 41: m_widthFactor = filer->rdDouble(); break;
-      case 51: m_oblique = filer->rdDouble() * kTwoPi / 360.0; break;
-      case 7: m_style = filer->rdString(); break;
-      case 72: m_horizontal = filer->rdInt16(); break;
-      case 210: m_normal = filer->rdVector3d(); break;
-      case 39: m_thickness = filer->rdDouble(); break;
-      case 71: filer->rdInt16(); break;  // backwards / upside-down generation is not kept
+      case 10:
+        m_position = filer->rdPoint3d();
+        break;
+      case 11:
+        m_alignment = filer->rdPoint3d();
+        break;
+      case 40:
+        m_height = filer->rdDouble();
+        break;
+      case 1:
+        m_text = filer->rdString();
+        break;
+      case 50:
+        m_rotation = normalizedAngle(filer->rdDouble() * kTwoPi / 360.0);
+        break;
+      case 41:
+        m_widthFactor = filer->rdDouble();
+        break;
+      case 51:
+        m_oblique = filer->rdDouble() * kTwoPi / 360.0;
+        break;
+      case 7:
+        m_style = filer->rdString();
+        break;
+      case 72:
+        m_horizontal = filer->rdInt16();
+        break;
+      case 210:
+        m_normal = filer->rdVector3d();
+        break;
+      case 39:
+        m_thickness = filer->rdDouble();
+        break;
+      case 71:
+        filer->rdInt16();
+        break;  // backwards / upside-down generation is not kept
       default:
         filer->pushBackItem();
         return filer->filerStatus();
@@ -306,12 +332,23 @@ void OdDbAttributeBase::dxfOutAttributeFields(OdDbDxfFiler* filer) const {
 
 bool OdDbAttributeBase::dxfInAttributeItem(OdDbDxfFiler* filer, int code) {
   switch (code) {
-    case 2: m_tag = filer->rdString(); return true;
-    case 70: m_flags = filer->rdInt16(); return true;
-    case 73: m_fieldLength = filer->rdInt16(); return true;
-    case 74: m_vertical = filer->rdInt16(); return true;
+    case 2:
+      m_tag = filer->rdString();
+      return true;
+    case 70:
+      m_flags = filer->rdInt16();
+      return true;
+    case 73:
+      m_fieldLength = filer->rdInt16();
+      return true;
+    case 74:
+      m_vertical = filer->rdInt16();
+      return true;
     // The version (0) comes first under 280; a later 280 is the lock flag.
-    case 280: m_lockPosition = filer->rdInt8() != 0; return true;
-    default: return false;
+    case 280:
+      m_lockPosition = filer->rdInt8() != 0;
+      return true;
+    default:
+      return false;
   }
 }

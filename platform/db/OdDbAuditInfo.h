@@ -9,9 +9,9 @@
 class OdDbAuditInfo {
  public:
   struct Error {
-    OdString object;      // the object, as described by OdDbObject::describe
-    OdString value;       // the value found
-    OdString validation;  // what the value should be
+    OdString object;        // the object, as described by OdDbObject::describe
+    OdString value;         // the value found
+    OdString validation;    // what the value should be
     OdString defaultValue;  // what a fix sets
   };
 
@@ -26,8 +26,8 @@ class OdDbAuditInfo {
   void errorsFound(int count) { m_numErrors += count; }
   void errorsFixed(int count) { m_numFixes += count; }
   // Records one error; a host may override to show it as well.
-  virtual void printError(const OdString& object, const OdString& value,
-                          const OdString& validation, const OdString& defaultValue);
+  virtual void printError(const OdString& object, const OdString& value, const OdString& validation,
+                          const OdString& defaultValue);
   const std::vector<Error>& errors() const { return m_errors; }
 
  private:

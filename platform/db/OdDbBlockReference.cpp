@@ -65,11 +65,13 @@ OdResult decompose(const OdGeMatrix3d& xform, const OdGeVector3d& preferredNorma
     yr = rotated(yp, -rotation);
   }
   const double scale = std::max(std::fabs(sx), std::fabs(yr.y));
-  if (std::fabs(yr.x) > tol * std::max(1.0, scale) || std::fabs(zp.x) > tol * std::max(1.0, scale) ||
-      std::fabs(zp.y) > tol * std::max(1.0, scale) || std::fabs(xp.z) > tol * std::max(1.0, scale) ||
-      std::fabs(yp.z) > tol * std::max(1.0, scale))
+  if (std::fabs(yr.x) > tol * std::max(1.0, scale) ||
+      std::fabs(zp.x) > tol * std::max(1.0, scale) ||
+      std::fabs(zp.y) > tol * std::max(1.0, scale) ||
+      std::fabs(xp.z) > tol * std::max(1.0, scale) || std::fabs(yp.z) > tol * std::max(1.0, scale))
     return eCannotScaleNonUniformly;
-  if (std::fabs(sx) <= tol || std::fabs(yr.y) <= tol || std::fabs(zp.z) <= tol) return eInvalidInput;
+  if (std::fabs(sx) <= tol || std::fabs(yr.y) <= tol || std::fabs(zp.z) <= tol)
+    return eInvalidInput;
   rotation = std::fmod(rotation, kTwoPi);
   if (rotation < 0.0) rotation += kTwoPi;
   if (rotation >= kTwoPi - 1e-14) rotation = 0.0;
@@ -106,8 +108,8 @@ void OdDbBlockReference::setBlockTableRecord(const OdDbObjectId& blockId) {
     if (isDBRO() && blockId.database() != database())
       throw OdError(eWrongDatabase, describe().str() + ": the block belongs to another database");
     if (!blockOf(blockId) && blockId.stub()->object())
-      throw OdError(eWrongObjectType, describe().str() + ": " +
-                                          blockId.getHandle().ascii().str() + " is not a block");
+      throw OdError(eWrongObjectType, describe().str() + ": " + blockId.getHandle().ascii().str() +
+                                          " is not a block");
   }
   assertWriteEnabled();
   relink(m_blockId, blockId);
@@ -158,8 +160,7 @@ OdGeVector3d OdDbBlockReference::normal() const {
 }
 
 void OdDbBlockReference::setNormal(const OdGeVector3d& normal) {
-  if (normal.isZeroLength())
-    throw OdError(eInvalidInput, describe().str() + ": a zero normal");
+  if (normal.isZeroLength()) throw OdError(eInvalidInput, describe().str() + ": a zero normal");
   assertWriteEnabled();
   m_normal = normal.normal();
 }
@@ -168,10 +169,9 @@ OdGeMatrix3d OdDbBlockReference::blockTransform() const {
   assertReadEnabled();
   const OdDbBlockTableRecord* block = blockOf(m_blockId);
   const OdGePoint3d origin = block ? block->m_origin : OdGePoint3d::kOrigin;
-  return OdGeMatrix3d::translation(m_position.asVector()) *
-         OdGeMatrix3d::planeToWorld(m_normal) *
-         OdGeMatrix3d::rotation(m_rotation, OdGeVector3d::kZAxis) *
-         OdGeMatrix3d::scaling(m_scale) * OdGeMatrix3d::translation(-origin.asVector());
+  return OdGeMatrix3d::translation(m_position.asVector()) * OdGeMatrix3d::planeToWorld(m_normal) *
+         OdGeMatrix3d::rotation(m_rotation, OdGeVector3d::kZAxis) * OdGeMatrix3d::scaling(m_scale) *
+         OdGeMatrix3d::translation(-origin.asVector());
 }
 
 OdResult OdDbBlockReference::setBlockTransform(const OdGeMatrix3d& xform) {
@@ -202,7 +202,8 @@ OdResult OdDbBlockReference::transformBy(const OdGeMatrix3d& xform) {
 }
 
 OdDbObjectId OdDbBlockReference::appendAttribute(OdDbAttribute* attribute) {
-  if (!attribute) throw OdError(eNullPtr, describe().str() + ": appendAttribute without an attribute");
+  if (!attribute)
+    throw OdError(eNullPtr, describe().str() + ": appendAttribute without an attribute");
   assertWriteEnabled();
   if (!isDBRO()) throw OdError(eNoDatabase, describe().str() + " is not in a database");
   if (attribute->isDBRO())
@@ -271,8 +272,7 @@ bool OdDbBlockReference::canOwnClone(const OdDbObject* child) const {
   return child && child->isKindOf(OdDbAttribute::desc());
 }
 
-void OdDbBlockReference::appendPrimaryClone(OdDbObject* clone, const OdDbObject*,
-                                            OdDbIdMapping&) {
+void OdDbBlockReference::appendPrimaryClone(OdDbObject* clone, const OdDbObject*, OdDbIdMapping&) {
   m_attributes.append(clone->objectId());
 }
 
@@ -305,12 +305,13 @@ void OdDbBlockReference::dwgOutFields(OdDbDwgFiler* filer) const {
   filer->wrScale3d(m_scale);
   filer->wrDouble(m_rotation);
   filer->wrVector3d(m_normal);
-  std::int32_t live = 0;
+  const bool skipErased = filer->filerType() == OdDb::kFileFiler;
+  std::int32_t count = 0;
   for (const OdDbObjectId& id : m_attributes)
-    if (!id.isErased()) ++live;
-  filer->wrInt32(live);
+    if (!skipErased || !id.isErased()) ++count;
+  filer->wrInt32(count);
   for (const OdDbObjectId& id : m_attributes)
-    if (!id.isErased()) filer->wrHardOwnershipId(id);
+    if (!skipErased || !id.isErased()) filer->wrHardOwnershipId(id);
 }
 
 OdResult OdDbBlockReference::dxfInFields(OdDbDxfFiler* filer) {

@@ -5,4 +5,6 @@
 
 ODRX_CONS_DEFINE_MEMBERS(OdDbBlockTable, OdDbSymbolTable)
 
-OdRxClass* OdDbBlockTable::recordClass() const { return OdDbBlockTableRecord::desc(); }
+OdRxClass* OdDbBlockTable::recordClass() const {
+  return OdDbBlockTableRecord::desc();
+}

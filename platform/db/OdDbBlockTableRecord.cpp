@@ -54,7 +54,7 @@ OdResult OdDbBlockTableRecord::getBlockReferenceIds(OdDbObjectIdArray& ids, bool
       const OdDbObjectId owner = found->ownerId();
       const OdDbObject* ownerObject = owner.isNull() ? nullptr : owner.stub()->object();
       if (ownerObject && ownerObject->isKindOf(desc()) && !owner.isErased() &&
-          !static_cast<const OdDbBlockTableRecord*>(ownerObject)->isLayout() &&
+          !isLayoutName(static_cast<const OdDbBlockTableRecord*>(ownerObject)->rawName()) &&
           !blocks.contains(owner))
         blocks.append(owner);
     }
@@ -89,7 +89,10 @@ bool OdDbBlockTableRecord::isAnonymous() const {
 }
 
 bool OdDbBlockTableRecord::isLayout() const {
-  const OdString& name = getName();
+  return isLayoutName(getName());
+}
+
+bool OdDbBlockTableRecord::isLayoutName(const OdString& name) {
   return name.iEquals("*Model_Space") || name.left(12).iEquals("*Paper_Space");
 }
 
@@ -134,8 +137,7 @@ std::int16_t OdDbBlockTableRecord::dxfFlags() const {
 void OdDbBlockTableRecord::setDxfFlags(std::int16_t) {}
 
 bool OdDbBlockTableRecord::canOwnClone(const OdDbObject* child) const {
-  return child && child->isKindOf(OdDbEntity::desc()) &&
-         !child->isKindOf(OdDbAttribute::desc());
+  return child && child->isKindOf(OdDbEntity::desc()) && !child->isKindOf(OdDbAttribute::desc());
 }
 
 void OdDbBlockTableRecord::appendPrimaryClone(OdDbObject* clone, const OdDbObject*,
@@ -166,12 +168,13 @@ void OdDbBlockTableRecord::dwgOutFields(OdDbDwgFiler* filer) const {
   filer->wrString(m_comments);
   filer->wrBool(m_explodable);
   filer->wrInt8(m_scaling);
-  std::int32_t live = 0;
+  const bool skipErased = filer->filerType() == OdDb::kFileFiler;
+  std::int32_t count = 0;
   for (const OdDbObjectId& id : m_entities)
-    if (!id.isErased()) ++live;
-  filer->wrInt32(live);
+    if (!skipErased || !id.isErased()) ++count;
+  filer->wrInt32(count);
   for (const OdDbObjectId& id : m_entities)
-    if (!id.isErased()) filer->wrHardOwnershipId(id);
+    if (!skipErased || !id.isErased()) filer->wrHardOwnershipId(id);
 }
 
 OdResult OdDbBlockTableRecord::dxfInFields(OdDbDxfFiler* filer) {

@@ -60,6 +60,7 @@ class OdDbBlockTableRecord : public OdDbSymbolTableRecord {
  private:
   friend class OdDbDatabase;
   friend class OdDbBlockReference;
+  static bool isLayoutName(const OdString& name);
 
   OdDbObjectIdArray m_entities;
   // References to this block: kept as references are added and repointed, checked when read.

@@ -60,8 +60,7 @@ bool OdDbCloner::defaultCanOwn(const OdDbObject* owner, const OdDbObject* child)
   if (!child || child->isKindOf(OdDbEntity::desc()) ||
       child->isKindOf(OdDbSymbolTableRecord::desc()) || child->isKindOf(OdDbSymbolTable::desc()))
     return false;
-  return !owner->isKindOf(OdDbEntity::desc()) &&
-         !owner->isKindOf(OdDbSymbolTableRecord::desc());
+  return !owner->isKindOf(OdDbEntity::desc()) && !owner->isKindOf(OdDbSymbolTableRecord::desc());
 }
 
 OdDbObjectId OdDbCloner::mapped(const OdDbIdMapping& mapping, const OdDbObjectId& key) {
@@ -79,16 +78,15 @@ void OdDbCloner::cloneObjects(OdDbDatabase* source, const OdDbObjectIdArray& ids
     throw OdError(eWrongDatabase, std::string(operation) + ": the owner " + describeId(ownerId) +
                                       " belongs to another database");
   if (wblock && dest == source)
-    throw OdError(eWrongDatabase,
-                  "wblockCloneObjects: the owner must belong to another database");
+    throw OdError(eWrongDatabase, "wblockCloneObjects: the owner must belong to another database");
   if (mapping.m_inProgress && (mapping.origDb() != source || mapping.destDb() != dest))
     throw OdError(eWrongDatabase, std::string(operation) +
                                       ": the mapping belongs to a clone between other databases");
   OdDbObject* owner = ownerId.stub()->object();
   if (!owner || ownerId.isErased())
-    throw OdError(owner ? eWasErased : eNullObjectId,
-                  std::string(operation) + ": the owner " + describeId(ownerId) +
-                      " is not available");
+    throw OdError(
+        owner ? eWasErased : eNullObjectId,
+        std::string(operation) + ": the owner " + describeId(ownerId) + " is not available");
   // Everything is checked before anything is cloned.
   for (const OdDbObjectId& id : ids) {
     if (id.isNull()) throw OdError(eNullObjectId, std::string(operation) + ": a null id");
@@ -151,19 +149,22 @@ OdDbObjectPtr OdDbCloner::cloneObject(const OdDbObject* source, OdDbIdMapping& m
   return clone(source, mapping, owner, primary, primary, wblock);
 }
 
-OdDbObjectPtr OdDbCloner::clone(const OdDbObject* source, OdDbIdMapping& mapping,
-                                OdDbObject* owner, bool primary, bool attach, bool wblock) {
+OdDbObjectPtr OdDbCloner::clone(const OdDbObject* source, OdDbIdMapping& mapping, OdDbObject* owner,
+                                bool primary, bool attach, bool wblock) {
   if (!source->isDBRO())
     throw OdError(eNoDatabase, "cannot clone " + source->describe().str() + ": not in a database");
   const OdDbObjectId sourceId = source->objectId();
   const OdDbObjectId existing = mapped(mapping, sourceId);
   if (!existing.isNull()) return readable(existing);
-  if (!owner) throw OdError(eNullPtr, "cannot clone " + source->describe().str() + " without an owner");
+  if (!owner)
+    throw OdError(eNullPtr, "cannot clone " + source->describe().str() + " without an owner");
   if (attach && !owner->canOwnClone(source))
     throw OdError(eInvalidOwnerObject,
                   owner->describe().str() + " cannot own a clone of " + source->describe().str());
   OdDbDatabase* dest = owner->database();
-  if (!dest) throw OdError(eNoDatabase, "the clone owner " + owner->describe().str() + " is not in a database");
+  if (!dest)
+    throw OdError(eNoDatabase,
+                  "the clone owner " + owner->describe().str() + " is not in a database");
   if (!mapping.m_inProgress) {
     // A clone started outside deepCloneObjects (a reactor cloning into an open operation).
     mapping.setOrigDb(source->database());
@@ -177,12 +178,14 @@ OdDbObjectPtr OdDbCloner::clone(const OdDbObject* source, OdDbIdMapping& mapping
     const auto drc = mapping.duplicateRecordCloning();
     OdDbObjectId namesake;
     OdString name;
-    if (source->isKindOf(OdDbSymbolTableRecord::desc()) && owner->isKindOf(OdDbSymbolTable::desc())) {
+    if (source->isKindOf(OdDbSymbolTableRecord::desc()) &&
+        owner->isKindOf(OdDbSymbolTable::desc())) {
       name = static_cast<const OdDbSymbolTableRecord*>(source)->m_name;
       if (!OdDbSymbolTable::isAnonymousBlockName(name))
         namesake = static_cast<const OdDbSymbolTable*>(owner)->lookup(name);
     } else if (owner->isKindOf(OdDbDictionary::desc())) {
-      const OdDbObject* sourceOwner = source->ownerId().isNull() ? nullptr : source->ownerId().stub()->object();
+      const OdDbObject* sourceOwner =
+          source->ownerId().isNull() ? nullptr : source->ownerId().stub()->object();
       if (sourceOwner && sourceOwner->isKindOf(OdDbDictionary::desc())) {
         for (const auto& entry : static_cast<const OdDbDictionary*>(sourceOwner)->m_entries)
           if (entry.second == sourceId) name = entry.first;
@@ -197,7 +200,8 @@ OdDbObjectPtr OdDbCloner::clone(const OdDbObject* source, OdDbIdMapping& mapping
                  !(source->isKindOf(OdDbBlockTableRecord::desc()) &&
                    static_cast<const OdDbBlockTableRecord*>(source)->isLayout())) {
         OdDbWriteGuard target(namesake);
-        for (const OdDbObjectId& id : target->ownedIds()) OdDbWriteGuard(id)->erase(true);
+        for (const OdDbObjectId& id : target->ownedIds())
+          OdDbWriteGuard(id)->erase(true);
         mapping.assign(OdDbIdPair(sourceId, namesake, true, primary, true));
         OdDbMemoryDwgFiler filer;
         filer.setDatabase(source->database());
@@ -243,7 +247,8 @@ OdDbObjectPtr OdDbCloner::clone(const OdDbObject* source, OdDbIdMapping& mapping
   dest->addOdDbObject(copy.get(), owner->objectId());
   if (attach) owner->appendPrimaryClone(copy.get(), source, mapping);
   mapping.assign(OdDbIdPair(sourceId, copy->objectId(), true, primary, true));
-  for (OdDbObjectReactor* reactor : source->getTransientReactors()) reactor->copied(source, copy.get());
+  for (OdDbObjectReactor* reactor : source->getTransientReactors())
+    reactor->copied(source, copy.get());
 
   for (OdDb::ReferenceType type : {OdDb::kHardOwnershipRef, OdDb::kSoftOwnershipRef}) {
     for (const OdDbObjectId& id : filer.collectedIds(type)) {

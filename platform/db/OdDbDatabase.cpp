@@ -48,7 +48,9 @@ OdDbObjectId findRecord(const OdDbObjectId& tableId, const OdString& name) {
 
 OdDbDatabase::OdDbDatabase() = default;
 
-OdDbDatabasePtr OdDbDatabase::createEmpty() { return OdDbDatabasePtr(new OdDbDatabase()); }
+OdDbDatabasePtr OdDbDatabase::createEmpty() {
+  return OdDbDatabasePtr(new OdDbDatabase());
+}
 
 OdDbDatabase::~OdDbDatabase() {
   for (OdDbStub& stub : m_stubs) {
@@ -97,12 +99,12 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId ownerI
   if (object->m_stub)
     throw OdError(eAlreadyInDb, object->describe().str() + " is already in a database");
   if (!ownerId.isNull() && ownerId.database() != this)
-    throw OdError(eWrongDatabase, "cannot add " + object->describe().str() +
-                                      ": its owner " + describeId(ownerId) +
-                                      " belongs to another database");
+    throw OdError(eWrongDatabase, "cannot add " + object->describe().str() + ": its owner " +
+                                      describeId(ownerId) + " belongs to another database");
   OdDbStub* stub = nullptr;
   if (handle.isNull()) {
-    while (m_handles.count(m_handseed.value())) ++m_handseed;
+    while (m_handles.count(m_handseed.value()))
+      ++m_handseed;
     stub = newStub(m_handseed);
     ++m_handseed;
   } else {
@@ -161,7 +163,8 @@ OdDbObjectIdArray OdDbDatabase::objectIds() const {
   std::sort(stubs.begin(), stubs.end(),
             [](const OdDbStub* a, const OdDbStub* b) { return a->handle() < b->handle(); });
   OdDbObjectIdArray ids(static_cast<OdDbObjectIdArray::size_type>(stubs.size()));
-  for (OdDbStub* stub : stubs) ids.append(OdDbObjectId(stub));
+  for (OdDbStub* stub : stubs)
+    ids.append(OdDbObjectId(stub));
   return ids;
 }
 
@@ -221,9 +224,15 @@ OdDbObjectPtr OdDbDatabase::openObject(const OdDbObjectId& id, OdDb::OpenMode mo
   throw OdError(result, what);
 }
 
-OdDbObjectId OdDbDatabase::getModelSpaceId() const { return findRecord(m_blockTableId, kModelSpace); }
-OdDbObjectId OdDbDatabase::getPaperSpaceId() const { return findRecord(m_blockTableId, kPaperSpace); }
-OdDbObjectId OdDbDatabase::getLayerZeroId() const { return findRecord(m_layerTableId, "0"); }
+OdDbObjectId OdDbDatabase::getModelSpaceId() const {
+  return findRecord(m_blockTableId, kModelSpace);
+}
+OdDbObjectId OdDbDatabase::getPaperSpaceId() const {
+  return findRecord(m_blockTableId, kPaperSpace);
+}
+OdDbObjectId OdDbDatabase::getLayerZeroId() const {
+  return findRecord(m_layerTableId, "0");
+}
 
 OdDbObjectId OdDbDatabase::registerApplication(const OdString& name) {
   const OdDbObjectId existing = findRecord(m_regAppTableId, name);
@@ -274,8 +283,7 @@ void OdDbDatabase::auditDatabase(OdDbAuditInfo* auditInfo) {
 
 void OdDbDatabase::deepCloneObjects(const OdDbObjectIdArray& ids, const OdDbObjectId& owner,
                                     OdDbIdMapping& mapping, bool deferXlation) {
-  OdDbCloner::cloneObjects(this, ids, owner, mapping, false, OdDb::kDrcNotApplicable,
-                           deferXlation);
+  OdDbCloner::cloneObjects(this, ids, owner, mapping, false, OdDb::kDrcNotApplicable, deferXlation);
 }
 
 void OdDbDatabase::wblockCloneObjects(const OdDbObjectIdArray& ids, const OdDbObjectId& owner,

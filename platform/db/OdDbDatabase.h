@@ -20,11 +20,11 @@ namespace OdDb {
 // destination.
 enum DuplicateRecordCloning {
   kDrcNotApplicable = 0,
-  kDrcIgnore = 1,         // keep the destination's record and map to it
-  kDrcReplace = 2,        // the clone takes the destination record's place
-  kDrcXrefMangleName = 3, // as kDrcMangleName
-  kDrcMangleName = 4,     // the clone gets a "$n$" prefixed name
-  kDrcUnmangleName = 5,   // as kDrcIgnore
+  kDrcIgnore = 1,          // keep the destination's record and map to it
+  kDrcReplace = 2,         // the clone takes the destination record's place
+  kDrcXrefMangleName = 3,  // as kDrcMangleName
+  kDrcMangleName = 4,      // the clone gets a "$n$" prefixed name
+  kDrcUnmangleName = 5,    // as kDrcIgnore
 };
 }  // namespace OdDb
 

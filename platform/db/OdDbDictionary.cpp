@@ -43,7 +43,9 @@ OdDbObjectPtr OdDbDictionary::getAt(const OdString& key, OdDb::OpenMode mode) co
   return id.isNull() ? OdDbObjectPtr() : id.safeOpenObject(mode);
 }
 
-bool OdDbDictionary::has(const OdDbObjectId& id) const { return !nameAt(id).isEmpty(); }
+bool OdDbDictionary::has(const OdDbObjectId& id) const {
+  return !nameAt(id).isEmpty();
+}
 
 OdString OdDbDictionary::nameAt(const OdDbObjectId& id) const {
   assertReadEnabled();
@@ -62,7 +64,8 @@ std::uint32_t OdDbDictionary::numEntries() const {
 }
 
 OdDbObjectId OdDbDictionary::setAt(const OdString& key, OdDbObject* object, bool eraseOld) {
-  if (!object) throw OdError(eNullPtr, describe().str() + ": setAt(\"" + key.str() + "\") without an object");
+  if (!object)
+    throw OdError(eNullPtr, describe().str() + ": setAt(\"" + key.str() + "\") without an object");
   assertWriteEnabled();
   if (!isValidKey(key))
     throw OdError(eInvalidInput, describe().str() + ": \"" + key.str() + "\" is not a valid key");
@@ -71,7 +74,8 @@ OdDbObjectId OdDbDictionary::setAt(const OdString& key, OdDbObject* object, bool
     throw OdError(eWrongDatabase, object->describe().str() + " belongs to another database than " +
                                       describe().str());
   if (object->isKindOf(OdDbEntity::desc()))
-    throw OdError(eInvalidOwnerObject, describe().str() + " cannot own " + object->describe().str());
+    throw OdError(eInvalidOwnerObject,
+                  describe().str() + " cannot own " + object->describe().str());
   const OdDbObjectId previous = rawAt(key);
   if (object->isDBRO() && previous == object->objectId()) return previous;
 
@@ -194,12 +198,14 @@ void OdDbDictionary::dwgOutFields(OdDbDwgFiler* filer) const {
   OdDbObject::dwgOutFields(filer);
   filer->wrBool(m_hardOwner);
   filer->wrInt16(m_mergeStyle);
+  // Erased entries stay in memory copies (an owner unerases what it owns) but not in files.
+  const bool skipErased = filer->filerType() == OdDb::kFileFiler;
   std::int32_t count = 0;
   for (const auto& entry : m_entries)
-    if (!entry.second.isErased()) ++count;
+    if (!skipErased || !entry.second.isErased()) ++count;
   filer->wrInt32(count);
   for (const auto& entry : m_entries) {
-    if (entry.second.isErased()) continue;
+    if (skipErased && entry.second.isErased()) continue;
     filer->wrString(entry.first);
     if (m_hardOwner)
       filer->wrHardOwnershipId(entry.second);

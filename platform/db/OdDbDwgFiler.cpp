@@ -59,18 +59,30 @@ void OdDbDwgFiler::wrScale3d(const OdGeScale3d& value) {
 
 OdDbObjectId OdDbDwgFiler::rdId(OdDb::ReferenceType type) {
   switch (type) {
-    case OdDb::kSoftPointerRef: return rdSoftPointerId();
-    case OdDb::kHardPointerRef: return rdHardPointerId();
-    case OdDb::kSoftOwnershipRef: return rdSoftOwnershipId();
-    default: return rdHardOwnershipId();
+    case OdDb::kSoftPointerRef:
+      return rdSoftPointerId();
+    case OdDb::kHardPointerRef:
+      return rdHardPointerId();
+    case OdDb::kSoftOwnershipRef:
+      return rdSoftOwnershipId();
+    default:
+      return rdHardOwnershipId();
   }
 }
 
 void OdDbDwgFiler::wrId(const OdDbObjectId& id, OdDb::ReferenceType type) {
   switch (type) {
-    case OdDb::kSoftPointerRef: wrSoftPointerId(id); break;
-    case OdDb::kHardPointerRef: wrHardPointerId(id); break;
-    case OdDb::kSoftOwnershipRef: wrSoftOwnershipId(id); break;
-    default: wrHardOwnershipId(id); break;
+    case OdDb::kSoftPointerRef:
+      wrSoftPointerId(id);
+      break;
+    case OdDb::kHardPointerRef:
+      wrHardPointerId(id);
+      break;
+    case OdDb::kSoftOwnershipRef:
+      wrSoftOwnershipId(id);
+      break;
+    default:
+      wrHardOwnershipId(id);
+      break;
   }
 }

@@ -83,10 +83,8 @@ class OdDbDxfFiler : public OdRxObject {
   virtual void wrDouble(int groupCode, double value, int precision = kDfltPrec) = 0;
   virtual void wrPoint2d(int groupCode, const OdGePoint2d& value, int precision = kDfltPrec) = 0;
   virtual void wrPoint3d(int groupCode, const OdGePoint3d& value, int precision = kDfltPrec) = 0;
-  virtual void wrVector2d(int groupCode, const OdGeVector2d& value,
-                          int precision = kDfltPrec) = 0;
-  virtual void wrVector3d(int groupCode, const OdGeVector3d& value,
-                          int precision = kDfltPrec) = 0;
+  virtual void wrVector2d(int groupCode, const OdGeVector2d& value, int precision = kDfltPrec) = 0;
+  virtual void wrVector3d(int groupCode, const OdGeVector3d& value, int precision = kDfltPrec) = 0;
   // An id is written as its handle; a null id as handle 0.
   virtual void wrObjectId(int groupCode, const OdDbObjectId& id) = 0;
   virtual void wrHandle(int groupCode, const OdDbHandle& value) = 0;

@@ -51,19 +51,21 @@ OdString OdDbEntity::layer() const {
 void OdDbEntity::setLayer(const OdString& layerName) {
   OdDbDatabase* db = database();
   if (!db) throw OdError(eNoDatabase, describe().str() + ": a layer by name needs a database");
-  OdDbObject* table = db->getLayerTableId().isNull() ? nullptr : db->getLayerTableId().stub()->object();
+  OdDbObject* table =
+      db->getLayerTableId().isNull() ? nullptr : db->getLayerTableId().stub()->object();
   const OdDbObjectId id =
       table ? static_cast<OdDbSymbolTable*>(table)->lookup(layerName) : OdDbObjectId::kNull;
   if (id.isNull())
-    throw OdError(eKeyNotFound, describe().str() + ": there is no layer \"" + layerName.str() + "\"");
+    throw OdError(eKeyNotFound,
+                  describe().str() + ": there is no layer \"" + layerName.str() + "\"");
   setLayer(id);
 }
 
 void OdDbEntity::setLayer(const OdDbObjectId& layerId) {
   if (layerId == m_layerId) return;
   if (!layerOf(layerId))
-    throw OdError(eWrongObjectType, describe().str() + ": " + layerId.getHandle().ascii().str() +
-                                        " is not a layer");
+    throw OdError(eWrongObjectType,
+                  describe().str() + ": " + layerId.getHandle().ascii().str() + " is not a layer");
   if (isDBRO() && layerId.database() != database())
     throw OdError(eWrongDatabase, describe().str() + ": the layer belongs to another database");
   assertWriteEnabled();
@@ -164,11 +166,13 @@ void OdDbEntity::setDatabaseDefaults(OdDbDatabase* database) {
 }
 
 void OdDbEntity::subAddedToDatabase() {
-  if (m_layerId.isNull() || m_layerId.database() != database())
-    m_layerId = database()->getLayerZeroId();
+  // A clone's foreign layer waits for translation; an entity without one gets layer "0".
+  if (m_layerId.isNull()) m_layerId = database()->getLayerZeroId();
 }
 
-OdResult OdDbEntity::transformBy(const OdGeMatrix3d&) { return eNotApplicable; }
+OdResult OdDbEntity::transformBy(const OdGeMatrix3d&) {
+  return eNotApplicable;
+}
 
 OdResult OdDbEntity::getTransformedCopy(const OdGeMatrix3d& xform, OdDbEntityPtr& copy) const {
   assertReadEnabled();
@@ -186,20 +190,28 @@ OdResult OdDbEntity::moveStretchPointsAt(const OdIntArray& indices, const OdGeVe
   return moveGripPointsAt(indices, offset);
 }
 
-OdResult OdDbEntity::getGripPoints(OdGePoint3dArray&) const { return eNotApplicable; }
+OdResult OdDbEntity::getGripPoints(OdGePoint3dArray&) const {
+  return eNotApplicable;
+}
 
 OdResult OdDbEntity::moveGripPointsAt(const OdIntArray&, const OdGeVector3d&) {
   return eNotApplicable;
 }
 
-OdResult OdDbEntity::getGeomExtents(OdGeExtents3d&) const { return eInvalidExtents; }
+OdResult OdDbEntity::getGeomExtents(OdGeExtents3d&) const {
+  return eInvalidExtents;
+}
 
-bool OdDbEntity::canOwnClone(const OdDbObject*) const { return false; }
+bool OdDbEntity::canOwnClone(const OdDbObject*) const {
+  return false;
+}
 
 OdResult OdDbEntity::dwgInFields(OdDbDwgFiler* filer) {
   const OdResult result = OdDbObject::dwgInFields(filer);
   if (result != eOk) return result;
   m_layerId = filer->rdHardPointerId();
+  // A layer that a translation dropped becomes layer "0" of the entity's database.
+  if (m_layerId.isNull() && isDBRO()) m_layerId = database()->getLayerZeroId();
   m_linetype = internLinetype(filer->rdString());
   m_linetypeScale = filer->rdDouble();
   m_color = filer->rdInt16();
@@ -226,8 +238,8 @@ OdResult OdDbEntity::dxfInFields(OdDbDxfFiler* filer) {
   const OdResult result = OdDbObject::dxfInFields(filer);
   if (result != eOk) return result;
   if (!filer->atSubclassData("AcDbEntity"))
-    throw OdError(eBadDxfSequence, describe().str() + ": AcDbEntity expected at " +
-                                       filer->describePosition().str());
+    throw OdError(eBadDxfSequence,
+                  describe().str() + ": AcDbEntity expected at " + filer->describePosition().str());
   while (!filer->atEOF() && !filer->atEndOfObject()) {
     const int code = filer->nextItem();
     switch (code) {
@@ -300,8 +312,8 @@ void OdDbEntity::dxfOutFields(OdDbDxfFiler* filer) const {
 
 void OdDbEntity::audit(OdDbAuditInfo* auditInfo) {
   OdDbObject::audit(auditInfo);
-  if (!isDBRO() || (layerOf(m_layerId) && m_layerId.database() == database() &&
-                    !m_layerId.isErased()))
+  if (!isDBRO() ||
+      (layerOf(m_layerId) && m_layerId.database() == database() && !m_layerId.isErased()))
     return;
   auditInfo->errorsFound(1);
   auditInfo->printError(describe(), "layer " + m_layerId.getHandle().ascii().str(),

@@ -31,6 +31,7 @@ bool OdDbIdMapping::del(const OdDbObjectId& key) {
 OdDbIdMappingIterPtr OdDbIdMapping::newIterator() const {
   std::vector<OdDbIdPair> pairs;
   pairs.reserve(m_order.size());
-  for (const OdDbObjectId& key : m_order) pairs.push_back(m_pairs.at(key));
+  for (const OdDbObjectId& key : m_order)
+    pairs.push_back(m_pairs.at(key));
   return OdDbIdMappingIter::createObject(std::move(pairs));
 }

@@ -5,4 +5,6 @@
 
 ODRX_CONS_DEFINE_MEMBERS(OdDbLayerTable, OdDbSymbolTable)
 
-OdRxClass* OdDbLayerTable::recordClass() const { return OdDbLayerTableRecord::desc(); }
+OdRxClass* OdDbLayerTable::recordClass() const {
+  return OdDbLayerTableRecord::desc();
+}

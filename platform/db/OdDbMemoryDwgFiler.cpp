@@ -27,8 +27,8 @@ enum class OdDbMemoryDwgFiler::Tag : std::uint8_t {
 namespace {
 const char* tagName(unsigned char tag) {
   static const char* const kNames[] = {
-      "bool",   "int8",  "int16",  "int32",           "int64",           "double",
-      "string", "bytes", "handle", "soft-owner id",   "hard-owner id",   "soft-pointer id",
+      "bool",           "int8",  "int16",  "int32",         "int64",         "double",
+      "string",         "bytes", "handle", "soft-owner id", "hard-owner id", "soft-pointer id",
       "hard-pointer id"};
   return tag < sizeof kNames / sizeof kNames[0] ? kNames[tag] : "unknown item";
 }
@@ -48,7 +48,8 @@ void OdDbMemoryDwgFiler::reset() {
   m_bytes.clear();
   m_position = 0;
   m_status = eOk;
-  for (auto& ids : m_ids) ids.clear();
+  for (auto& ids : m_ids)
+    ids.clear();
 }
 
 const OdDbObjectIdArray& OdDbMemoryDwgFiler::collectedIds(OdDb::ReferenceType type) const {
@@ -88,8 +89,8 @@ void OdDbMemoryDwgFiler::get(Tag tag, void* data, std::size_t size) {
   const unsigned char found = m_bytes[static_cast<std::size_t>(m_position)];
   if (found != wanted)
     fail(eDwgObjectImproperlyRead, std::string("reading a ") + tagName(wanted) + " at byte " +
-                                       std::to_string(m_position) + " where a " +
-                                       tagName(found) + " was written");
+                                       std::to_string(m_position) + " where a " + tagName(found) +
+                                       " was written");
   if (m_position + 1 + size > m_bytes.size())
     fail(eEndOfFile, std::string("a ") + tagName(wanted) + " at byte " +
                          std::to_string(m_position) + " is cut off by the end of the stream");
@@ -159,11 +160,21 @@ void OdDbMemoryDwgFiler::wrBool(bool value) {
   const unsigned char byte = value ? 1 : 0;
   put(Tag::kBool, &byte, 1);
 }
-void OdDbMemoryDwgFiler::wrInt8(std::int8_t value) { put(Tag::kInt8, &value, sizeof value); }
-void OdDbMemoryDwgFiler::wrInt16(std::int16_t value) { put(Tag::kInt16, &value, sizeof value); }
-void OdDbMemoryDwgFiler::wrInt32(std::int32_t value) { put(Tag::kInt32, &value, sizeof value); }
-void OdDbMemoryDwgFiler::wrInt64(std::int64_t value) { put(Tag::kInt64, &value, sizeof value); }
-void OdDbMemoryDwgFiler::wrDouble(double value) { put(Tag::kDouble, &value, sizeof value); }
+void OdDbMemoryDwgFiler::wrInt8(std::int8_t value) {
+  put(Tag::kInt8, &value, sizeof value);
+}
+void OdDbMemoryDwgFiler::wrInt16(std::int16_t value) {
+  put(Tag::kInt16, &value, sizeof value);
+}
+void OdDbMemoryDwgFiler::wrInt32(std::int32_t value) {
+  put(Tag::kInt32, &value, sizeof value);
+}
+void OdDbMemoryDwgFiler::wrInt64(std::int64_t value) {
+  put(Tag::kInt64, &value, sizeof value);
+}
+void OdDbMemoryDwgFiler::wrDouble(double value) {
+  put(Tag::kDouble, &value, sizeof value);
+}
 void OdDbMemoryDwgFiler::wrString(const OdString& value) {
   const auto length = static_cast<std::uint32_t>(value.str().size());
   put(Tag::kString, &length, sizeof length);
@@ -183,8 +194,7 @@ void OdDbMemoryDwgFiler::wrDbHandle(const OdDbHandle& value) {
 
 void OdDbMemoryDwgFiler::writeId(const OdDbObjectId& id, OdDb::ReferenceType type) {
   OdDbStub* stub = id.stub();
-  put(static_cast<Tag>(static_cast<int>(Tag::kSoftOwnershipId) + (type ^ 2)), &stub,
-      sizeof stub);
+  put(static_cast<Tag>(static_cast<int>(Tag::kSoftOwnershipId) + (type ^ 2)), &stub, sizeof stub);
   if (!id.isNull()) m_ids[type].append(id);
 }
 
@@ -203,10 +213,18 @@ OdDbObjectId OdDbMemoryDwgFiler::translateId(const OdDbObjectId& id, OdDb::Refer
   return id;
 }
 
-OdDbObjectId OdDbMemoryDwgFiler::rdSoftOwnershipId() { return readId(OdDb::kSoftOwnershipRef); }
-OdDbObjectId OdDbMemoryDwgFiler::rdHardOwnershipId() { return readId(OdDb::kHardOwnershipRef); }
-OdDbObjectId OdDbMemoryDwgFiler::rdSoftPointerId() { return readId(OdDb::kSoftPointerRef); }
-OdDbObjectId OdDbMemoryDwgFiler::rdHardPointerId() { return readId(OdDb::kHardPointerRef); }
+OdDbObjectId OdDbMemoryDwgFiler::rdSoftOwnershipId() {
+  return readId(OdDb::kSoftOwnershipRef);
+}
+OdDbObjectId OdDbMemoryDwgFiler::rdHardOwnershipId() {
+  return readId(OdDb::kHardOwnershipRef);
+}
+OdDbObjectId OdDbMemoryDwgFiler::rdSoftPointerId() {
+  return readId(OdDb::kSoftPointerRef);
+}
+OdDbObjectId OdDbMemoryDwgFiler::rdHardPointerId() {
+  return readId(OdDb::kHardPointerRef);
+}
 void OdDbMemoryDwgFiler::wrSoftOwnershipId(const OdDbObjectId& id) {
   writeId(id, OdDb::kSoftOwnershipRef);
 }

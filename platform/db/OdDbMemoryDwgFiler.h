@@ -14,8 +14,7 @@ class OdDbMemoryDwgFiler : public OdDbDwgFiler {
  public:
   OdDbMemoryDwgFiler();
   // A filer of the given kind for objects of database (which may be null for free objects).
-  static OdSmartPtr<OdDbMemoryDwgFiler> createObject(OdDbDatabase* database,
-                                                     OdDb::FilerType type);
+  static OdSmartPtr<OdDbMemoryDwgFiler> createObject(OdDbDatabase* database, OdDb::FilerType type);
   void setDatabase(OdDbDatabase* database) { m_database = database; }
   void setFilerType(OdDb::FilerType type) { m_type = type; }
 

@@ -59,7 +59,8 @@ OdDbObject::OdDbObject() = default;
 OdDbObject::~OdDbObject() {
   if (m_extras) {
     const OdDbObjectReactorArray reactors = m_extras->transientReactors;
-    for (OdDbObjectReactor* reactor : reactors) reactor->goodbye(this);
+    for (OdDbObjectReactor* reactor : reactors)
+      reactor->goodbye(this);
   }
 }
 
@@ -164,13 +165,21 @@ OdResult OdDbObject::openFor(OdDb::OpenMode mode) {
   return eOk;
 }
 
-OdDbObjectId OdDbObject::objectId() const { return OdDbObjectId(m_stub); }
+OdDbObjectId OdDbObject::objectId() const {
+  return OdDbObjectId(m_stub);
+}
 
-OdDbDatabase* OdDbObject::database() const { return m_stub ? m_stub->database() : nullptr; }
+OdDbDatabase* OdDbObject::database() const {
+  return m_stub ? m_stub->database() : nullptr;
+}
 
-OdDbHandle OdDbObject::getDbHandle() const { return m_stub ? m_stub->handle() : OdDbHandle(); }
+OdDbHandle OdDbObject::getDbHandle() const {
+  return m_stub ? m_stub->handle() : OdDbHandle();
+}
 
-bool OdDbObject::isErased() const { return m_stub && m_stub->isErased(); }
+bool OdDbObject::isErased() const {
+  return m_stub && m_stub->isErased();
+}
 
 void OdDbObject::setOwnerId(OdDbObjectId ownerId) {
   if (ownerId == m_ownerId) return;
@@ -227,7 +236,8 @@ void OdDbObject::markModified() {
   m_state |= kModified;
   if (m_extras && m_stub) {
     const OdDbObjectReactorArray reactors = m_extras->transientReactors;
-    for (OdDbObjectReactor* reactor : reactors) reactor->openedForModify(this);
+    for (OdDbObjectReactor* reactor : reactors)
+      reactor->openedForModify(this);
   }
 }
 
@@ -354,8 +364,9 @@ void OdDbObject::setXData(const OdResBuf* xdata) {
   std::vector<std::pair<OdString, OdResBufPtr>> groups;
   for (const OdResBuf* item = xdata; item;) {
     if (item->restype() != 1001)
-      throw OdError(eInvalidResBuf, describe().str() + ": extended data must start each "
-                                                       "application with a 1001 item, found " +
+      throw OdError(eInvalidResBuf, describe().str() +
+                                        ": extended data must start each "
+                                        "application with a 1001 item, found " +
                                         std::to_string(item->restype()));
     const OdString name = item->getString();
     if (name.isEmpty())
@@ -424,8 +435,12 @@ OdDbObjectReactorArray OdDbObject::getTransientReactors() const {
 void OdDbObject::modified(const OdDbObject*) {}
 void OdDbObject::erased(const OdDbObject*, bool) {}
 void OdDbObject::subClose() {}
-OdResult OdDbObject::subErase(bool) { return eOk; }
-OdResult OdDbObject::subOpen(OdDb::OpenMode) { return eOk; }
+OdResult OdDbObject::subErase(bool) {
+  return eOk;
+}
+OdResult OdDbObject::subOpen(OdDb::OpenMode) {
+  return eOk;
+}
 void OdDbObject::subAddedToDatabase() {}
 
 void OdDbObject::dwgOutFields(OdDbDwgFiler* filer) const {
@@ -433,9 +448,11 @@ void OdDbObject::dwgOutFields(OdDbDwgFiler* filer) const {
   const bool copying = filer->filerType() == OdDb::kCopyFiler;
   if (!copying) {
     filer->wrSoftPointerId(m_ownerId);
-    const OdDbObjectIdArray reactors = m_extras ? m_extras->persistentReactors : OdDbObjectIdArray();
+    const OdDbObjectIdArray reactors =
+        m_extras ? m_extras->persistentReactors : OdDbObjectIdArray();
     filer->wrInt32(static_cast<std::int32_t>(reactors.length()));
-    for (const OdDbObjectId& id : reactors) filer->wrSoftPointerId(id);
+    for (const OdDbObjectId& id : reactors)
+      filer->wrSoftPointerId(id);
     filer->wrHardOwnershipId(m_extras ? m_extras->extensionDictionary : OdDbObjectId::kNull);
   }
   const auto count = m_extras ? m_extras->xdata.size() : 0;
@@ -444,7 +461,8 @@ void OdDbObject::dwgOutFields(OdDbDwgFiler* filer) const {
     const auto& app = m_extras->xdata[i];
     filer->wrString(app.first);
     std::int32_t items = 0;
-    for (const OdResBuf* item = app.second.get(); item; item = item->next().get()) ++items;
+    for (const OdResBuf* item = app.second.get(); item; item = item->next().get())
+      ++items;
     filer->wrInt32(items);
     for (const OdResBuf* item = app.second.get(); item; item = item->next().get())
       OdDbResBufFiler::write(filer, item);
@@ -497,7 +515,8 @@ OdResult OdDbObject::dwgInFields(OdDbDwgFiler* filer) {
 
 void OdDbObject::registerXDataApplications() {
   if (!m_stub || !m_extras) return;
-  for (const auto& app : m_extras->xdata) database()->registerApplication(app.first);
+  for (const auto& app : m_extras->xdata)
+    database()->registerApplication(app.first);
 }
 
 void OdDbObject::dxfOutFields(OdDbDxfFiler* filer) const {
@@ -505,7 +524,8 @@ void OdDbObject::dxfOutFields(OdDbDxfFiler* filer) const {
   filer->wrHandle(5, getDbHandle());
   if (m_extras && !m_extras->persistentReactors.isEmpty()) {
     filer->wrString(102, "{ACAD_REACTORS");
-    for (const OdDbObjectId& id : m_extras->persistentReactors) filer->wrSoftPointerId(330, id);
+    for (const OdDbObjectId& id : m_extras->persistentReactors)
+      filer->wrSoftPointerId(330, id);
     filer->wrString(102, "}");
   }
   if (m_extras && !m_extras->extensionDictionary.isNull()) {
@@ -560,10 +580,9 @@ OdResult OdDbObject::dxfIn(OdDbDxfFiler* filer) {
     filer->nextRb(item);
     if (item.isNull()) break;
     if (head.isNull() && item->restype() != 1001)
-      throw OdError(eBadDxfSequence, describe().str() + ": group code " +
-                                         std::to_string(item->restype()) + " at " +
-                                         filer->describePosition().str() +
-                                         " is not part of the object");
+      throw OdError(eBadDxfSequence,
+                    describe().str() + ": group code " + std::to_string(item->restype()) + " at " +
+                        filer->describePosition().str() + " is not part of the object");
     if (tail)
       tail->setNext(item.get());
     else
@@ -577,14 +596,16 @@ OdResult OdDbObject::dxfIn(OdDbDxfFiler* filer) {
 void OdDbObject::dxfOut(OdDbDxfFiler* filer) const {
   dxfOutFields(filer);
   OdResBufPtr xdata = xData();
-  for (const OdResBuf* item = xdata.get(); item; item = item->next().get()) filer->writeRb(item);
+  for (const OdResBuf* item = xdata.get(); item; item = item->next().get())
+    filer->writeRb(item);
 }
 
 void OdDbObject::audit(OdDbAuditInfo* auditInfo) {
   assertReadEnabled();
   if (!m_stub) return;
   OdDbDatabase* db = database();
-  if (!m_ownerId.isNull() && (m_ownerId.database() != db || m_ownerId.stub()->object() == nullptr)) {
+  if (!m_ownerId.isNull() &&
+      (m_ownerId.database() != db || m_ownerId.stub()->object() == nullptr)) {
     auditInfo->errorsFound(1);
     auditInfo->printError(describe(), "owner " + m_ownerId.getHandle().ascii().str(),
                           "an existing object of this database", "no owner");
@@ -599,7 +620,8 @@ void OdDbObject::audit(OdDbAuditInfo* auditInfo) {
     const OdDbObject* owned = dictionary.database() == db ? dictionary.stub()->object() : nullptr;
     if (!owned || owned->m_ownerId != objectId() || !OdDbDictionary::cast(owned)) {
       auditInfo->errorsFound(1);
-      auditInfo->printError(describe(), "extension dictionary " + dictionary.getHandle().ascii().str(),
+      auditInfo->printError(describe(),
+                            "extension dictionary " + dictionary.getHandle().ascii().str(),
                             "a dictionary owned by this object", "none");
       if (auditInfo->fixErrors()) {
         m_extras->extensionDictionary = OdDbObjectId::kNull;
@@ -615,8 +637,7 @@ bool OdDbObject::canOwnClone(const OdDbObject* child) const {
 
 void OdDbObject::appendPrimaryClone(OdDbObject*, const OdDbObject*, OdDbIdMapping&) {}
 
-OdDbObjectPtr OdDbObject::deepClone(OdDbIdMapping& mapping, OdDbObject* owner,
-                                    bool primary) const {
+OdDbObjectPtr OdDbObject::deepClone(OdDbIdMapping& mapping, OdDbObject* owner, bool primary) const {
   return OdDbCloner::cloneObject(this, mapping, owner, primary, false);
 }
 

@@ -7,6 +7,7 @@
 
 #include "platform/db/OdDbObjectId.h"
 #include "platform/db/OdDbObjectReactor.h"
+#include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxObject.h"
 
 class OdDbAuditInfo;
@@ -15,8 +16,6 @@ class OdDbDwgFiler;
 class OdDbDxfFiler;
 class OdDbIdMapping;
 class OdDbStub;
-class OdResBuf;
-using OdResBufPtr = OdSmartPtr<OdResBuf>;
 
 class OdDbObject : public OdRxObject {
   ODRX_DECLARE_MEMBERS(OdDbObject);

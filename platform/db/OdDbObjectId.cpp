@@ -6,13 +6,21 @@
 
 const OdDbObjectId OdDbObjectId::kNull;
 
-bool OdDbObjectId::isValid() const { return m_stub && !m_stub->isErased(); }
+bool OdDbObjectId::isValid() const {
+  return m_stub && !m_stub->isErased();
+}
 
-bool OdDbObjectId::isErased() const { return m_stub && m_stub->isErased(); }
+bool OdDbObjectId::isErased() const {
+  return m_stub && m_stub->isErased();
+}
 
-OdDbHandle OdDbObjectId::getHandle() const { return m_stub ? m_stub->handle() : OdDbHandle(); }
+OdDbHandle OdDbObjectId::getHandle() const {
+  return m_stub ? m_stub->handle() : OdDbHandle();
+}
 
-OdDbDatabase* OdDbObjectId::database() const { return m_stub ? m_stub->database() : nullptr; }
+OdDbDatabase* OdDbObjectId::database() const {
+  return m_stub ? m_stub->database() : nullptr;
+}
 
 OdResult OdDbObjectId::openObject(OdDbObjectPtr& object, OdDb::OpenMode mode,
                                   bool openErased) const {

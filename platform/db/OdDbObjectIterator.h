@@ -11,8 +11,8 @@ class OdDbObjectIterator : public OdRxObject {
 
  public:
   OdDbObjectIterator();
-  static OdSmartPtr<OdDbObjectIterator> createObject(const OdDbObjectIdArray& ids,
-                                                     bool atBeginning, bool skipErased);
+  static OdSmartPtr<OdDbObjectIterator> createObject(const OdDbObjectIdArray& ids, bool atBeginning,
+                                                     bool skipErased);
 
   void start(bool atBeginning = true, bool skipErased = true);
   bool done() const;

@@ -5,4 +5,6 @@
 
 ODRX_CONS_DEFINE_MEMBERS(OdDbRegAppTable, OdDbSymbolTable)
 
-OdRxClass* OdDbRegAppTable::recordClass() const { return OdDbRegAppTableRecord::desc(); }
+OdRxClass* OdDbRegAppTable::recordClass() const {
+  return OdDbRegAppTableRecord::desc();
+}

@@ -7,6 +7,7 @@
 #include "platform/ge/OdGePoint3d.h"
 #include "platform/ge/OdGeVector2d.h"
 #include "platform/ge/OdGeVector3d.h"
+#include "platform/resbuf/OdDxfCode.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_CONS_DEFINE_MEMBERS(OdDbResBufDxfFiler, OdDbDxfFiler)
@@ -52,7 +53,9 @@ void OdDbResBufDxfFiler::pushBackItem() {
   --m_index;
 }
 
-bool OdDbResBufDxfFiler::atEOF() { return m_next == nullptr; }
+bool OdDbResBufDxfFiler::atEOF() {
+  return m_next == nullptr;
+}
 
 const OdResBuf& OdDbResBufDxfFiler::current() {
   if (!m_current) {
@@ -62,18 +65,34 @@ const OdResBuf& OdDbResBufDxfFiler::current() {
   return *m_current;
 }
 
-OdString OdDbResBufDxfFiler::rdString() { return current().getString(); }
-bool OdDbResBufDxfFiler::rdBool() { return current().getBool(); }
-std::int8_t OdDbResBufDxfFiler::rdInt8() { return current().getInt8(); }
-std::int16_t OdDbResBufDxfFiler::rdInt16() { return current().getInt16(); }
-std::int32_t OdDbResBufDxfFiler::rdInt32() { return current().getInt32(); }
-std::int64_t OdDbResBufDxfFiler::rdInt64() { return current().getInt64(); }
-double OdDbResBufDxfFiler::rdDouble() { return current().getDouble(); }
+OdString OdDbResBufDxfFiler::rdString() {
+  return current().getString();
+}
+bool OdDbResBufDxfFiler::rdBool() {
+  return current().getBool();
+}
+std::int8_t OdDbResBufDxfFiler::rdInt8() {
+  return current().getInt8();
+}
+std::int16_t OdDbResBufDxfFiler::rdInt16() {
+  return current().getInt16();
+}
+std::int32_t OdDbResBufDxfFiler::rdInt32() {
+  return current().getInt32();
+}
+std::int64_t OdDbResBufDxfFiler::rdInt64() {
+  return current().getInt64();
+}
+double OdDbResBufDxfFiler::rdDouble() {
+  return current().getDouble();
+}
 OdGePoint2d OdDbResBufDxfFiler::rdPoint2d() {
   const OdGePoint3d point = current().getPoint3d();
   return OdGePoint2d(point.x, point.y);
 }
-OdGePoint3d OdDbResBufDxfFiler::rdPoint3d() { return current().getPoint3d(); }
+OdGePoint3d OdDbResBufDxfFiler::rdPoint3d() {
+  return current().getPoint3d();
+}
 OdGeVector2d OdDbResBufDxfFiler::rdVector2d() {
   const OdGePoint3d point = current().getPoint3d();
   return OdGeVector2d(point.x, point.y);
@@ -82,8 +101,20 @@ OdGeVector3d OdDbResBufDxfFiler::rdVector3d() {
   const OdGePoint3d point = current().getPoint3d();
   return OdGeVector3d(point.x, point.y, point.z);
 }
-OdDbObjectId OdDbResBufDxfFiler::rdObjectId() { return current().getObjectId(); }
-OdDbHandle OdDbResBufDxfFiler::rdHandle() { return current().getHandle(); }
+OdDbObjectId OdDbResBufDxfFiler::rdObjectId() {
+  return current().getObjectId();
+}
+OdDbHandle OdDbResBufDxfFiler::rdHandle() {
+  const OdResBuf& item = current();
+  if (OdDxfCode::_getType(item.restype()) != OdDxfCode::String) return item.getHandle();
+  OdDbHandle handle;
+  if (!OdDbHandle::fromAscii(item.getString().view(), handle)) {
+    m_status = eInvalidInput;
+    throw OdError(eInvalidInput, "DXF items: \"" + item.getString().str() + "\" at " +
+                                     describePosition().str() + " is not a handle");
+  }
+  return handle;
+}
 OdBinaryData OdDbResBufDxfFiler::rdBinaryChunk() {
   return current().getBinaryChunk();
 }
@@ -145,6 +176,11 @@ void OdDbResBufDxfFiler::wrObjectId(int groupCode, const OdDbObjectId& id) {
   append(OdResBuf::newRb(groupCode, id));
 }
 void OdDbResBufDxfFiler::wrHandle(int groupCode, const OdDbHandle& value) {
+  // Handle codes of the object's own framing (5, 105) carry text.
+  if (OdDxfCode::_getType(groupCode) == OdDxfCode::String) {
+    append(OdResBuf::newRb(groupCode, value.ascii()));
+    return;
+  }
   OdResBufPtr item = OdResBuf::newRb(groupCode);
   item->setHandle(value);
   append(item);

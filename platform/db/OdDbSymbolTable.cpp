@@ -88,13 +88,12 @@ OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
   if (record->isDBRO() && record->database() != database())
     throw OdError(eWrongDatabase, record->describe().str() + " belongs to another database");
   if (record->isDBRO() && m_records.contains(record->objectId()))
-    throw OdError(eAlreadyInDb, record->describe().str() + " is already in " +
-                                    describe().str());
+    throw OdError(eAlreadyInDb, record->describe().str() + " is already in " + describe().str());
   if (!OdDbSymbolTableRecord::isValidName(record->m_name))
     throw OdError(eInvalidInput, describe().str() + ": \"" + record->m_name.str() +
                                      "\" is not a valid record name");
-  const OdString name = resolveName(record->isDBRO() ? record->objectId() : OdDbObjectId(),
-                                    record->m_name);
+  const OdString name =
+      resolveName(record->isDBRO() ? record->objectId() : OdDbObjectId(), record->m_name);
   OdDbObjectId id;
   if (record->isDBRO()) {
     record->setOwnerId(objectId());
@@ -168,7 +167,8 @@ OdResult OdDbSymbolTable::dwgInFields(OdDbDwgFiler* filer) {
 void OdDbSymbolTable::dwgOutFields(OdDbDwgFiler* filer) const {
   OdDbObject::dwgOutFields(filer);
   filer->wrInt32(static_cast<std::int32_t>(m_records.length()));
-  for (const OdDbObjectId& id : m_records) filer->wrSoftOwnershipId(id);
+  for (const OdDbObjectId& id : m_records)
+    filer->wrSoftOwnershipId(id);
 }
 
 OdResult OdDbSymbolTable::dxfInFields(OdDbDxfFiler* filer) {

@@ -33,8 +33,8 @@ void OdDbSymbolTableRecord::setName(const OdString& name) {
   assertReadEnabled();
   if (name == m_name) return;
   if (!isValidName(name))
-    throw OdError(eInvalidInput, describe().str() + ": \"" + name.str() +
-                                     "\" is not a valid record name");
+    throw OdError(eInvalidInput,
+                  describe().str() + ": \"" + name.str() + "\" is not a valid record name");
   const OdDbObjectId owner = ownerId();
   OdDbObject* table = owner.isNull() ? nullptr : owner.stub()->object();
   if (table && table->isKindOf(OdDbSymbolTable::desc()) && isDBRO()) {

@@ -30,8 +30,8 @@ class OdDbSymbolTableRecord : public OdDbObject {
   // Record flags filed under 70; the block record keeps its anonymous bit here.
   virtual std::int16_t dxfFlags() const { return 0; }
   virtual void setDxfFlags(std::int16_t) {}
-  // Sets the name as the table decided, without checks.
-  void setNameDirect(const OdString& name) { m_name = name; }
+  // The name without open checks, for the database's own bookkeeping.
+  const OdString& rawName() const { return m_name; }
 
  private:
   friend class OdDbSymbolTable;

@@ -55,7 +55,8 @@ void OdDbXrecord::dwgOutFields(OdDbDwgFiler* filer) const {
   OdDbObject::dwgOutFields(filer);
   filer->wrInt16(m_cloning);
   std::int32_t count = 0;
-  for (const OdResBuf* item = m_items.get(); item; item = item->next().get()) ++count;
+  for (const OdResBuf* item = m_items.get(); item; item = item->next().get())
+    ++count;
   filer->wrInt32(count);
   for (const OdResBuf* item = m_items.get(); item; item = item->next().get())
     OdDbResBufFiler::write(filer, item);
@@ -93,5 +94,6 @@ void OdDbXrecord::dxfOutFields(OdDbDxfFiler* filer) const {
   OdDbObject::dxfOutFields(filer);
   filer->wrSubclassMarker("AcDbXrecord");
   filer->wrInt16(280, m_cloning);
-  for (const OdResBuf* item = m_items.get(); item; item = item->next().get()) filer->writeRb(item);
+  for (const OdResBuf* item = m_items.get(); item; item = item->next().get())
+    filer->writeRb(item);
 }

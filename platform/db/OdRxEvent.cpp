@@ -30,17 +30,21 @@ bool OdRxEvent::hasReactor(const OdRxEventReactor* reactor) const {
 // Each notice goes to the reactors registered when it started, so a reactor may unregister itself.
 void OdRxEvent::fireBeginDeepClone(OdDbDatabase* to, OdDbIdMapping& mapping) {
   const OdArray<OdRxEventReactorPtr> reactors = m_reactors;
-  for (const auto& reactor : reactors) reactor->beginDeepClone(to, mapping);
+  for (const auto& reactor : reactors)
+    reactor->beginDeepClone(to, mapping);
 }
 void OdRxEvent::fireBeginDeepCloneXlation(OdDbIdMapping& mapping) {
   const OdArray<OdRxEventReactorPtr> reactors = m_reactors;
-  for (const auto& reactor : reactors) reactor->beginDeepCloneXlation(mapping);
+  for (const auto& reactor : reactors)
+    reactor->beginDeepCloneXlation(mapping);
 }
 void OdRxEvent::fireEndDeepClone(OdDbIdMapping& mapping) {
   const OdArray<OdRxEventReactorPtr> reactors = m_reactors;
-  for (const auto& reactor : reactors) reactor->endDeepClone(mapping);
+  for (const auto& reactor : reactors)
+    reactor->endDeepClone(mapping);
 }
 void OdRxEvent::fireAbortDeepClone(OdDbIdMapping& mapping) {
   const OdArray<OdRxEventReactorPtr> reactors = m_reactors;
-  for (const auto& reactor : reactors) reactor->abortDeepClone(mapping);
+  for (const auto& reactor : reactors)
+    reactor->abortDeepClone(mapping);
 }
