@@ -45,6 +45,10 @@ bool edgeArc(const OdGePoint2d& a, const OdGePoint2d& b, double bulge, Arc& arc)
   const double sagitta = bulge * length * 0.5;
   const double offset = sagitta - std::copysign(arc.radius, bulge);
   arc.center = a + chord * 0.5 + toArcSide * offset;
+  // An arc too large for doubles (a huge bulge or coordinates near the limits) has no usable
+  // center; it is taken as its chord, like an arc too flat to compute with.
+  if (!std::isfinite(arc.radius) || !std::isfinite(arc.center.x) || !std::isfinite(arc.center.y))
+    return false;
   arc.startAngle = std::atan2(a.y - arc.center.y, a.x - arc.center.x);
   arc.sweep = 4.0 * std::atan(bulge);
   return true;

@@ -5,6 +5,8 @@
 
 void OdEdCommandStack::addCommand(OdEdCommand* command) {
   if (!command) throw OdError(eNullPtr, "addCommand was given no command");
+  // Held from here on, so that a new command refused below is released instead of leaked.
+  const OdEdCommandPtr held(command);
   const OdString global = command->globalName();
   const OdString group = command->groupName();
   if (global.isEmpty() || group.isEmpty()) {
@@ -16,7 +18,7 @@ void OdEdCommandStack::addCommand(OdEdCommand* command) {
                                      "\" is already registered in group \"" +
                                      existing->groupName().str() + "\"");
   }
-  m_commands.emplace_back(command);
+  m_commands.push_back(held);
 }
 
 OdEdCommandPtr OdEdCommandStack::findGlobal(const OdString& globalName) const {

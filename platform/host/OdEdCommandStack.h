@@ -13,7 +13,8 @@ class OdEdCommandStack {
   OdEdCommandStack(const OdEdCommandStack&) = delete;
   OdEdCommandStack& operator=(const OdEdCommandStack&) = delete;
 
-  // Registers a command under its group. Fails with eNullPtr for no command, eInvalidInput for an
+  // Registers a command under its group, holding a reference to it; a refused command is released
+  // like any other reference. Fails with eNullPtr for no command, eInvalidInput for an
   // empty global or group name and eDuplicateKey when a command of that global name is registered.
   void addCommand(OdEdCommand* command);
   // The command a user means by name: "_NAME" names a global name; any other name is matched

@@ -135,6 +135,22 @@ TEST(OdGeContour2dArcs, MajorArcsAndTwoVertexShapes) {
   EXPECT_FALSE(C().extents().isValidExtents());
 }
 
+TEST(OdGeContour2dArcs, ArcsTooLargeForDoublesActAsTheirChords) {
+  // Radii past the double range: a huge bulge on a short edge, and an arc between far points.
+  C hugeBulge;
+  hugeBulge.appendVertex({0, 0}).appendVertex({10, 0}).appendVertex({10, 10}, 1e300);
+  EXPECT_EQ(hugeBulge.classify({8, 2}), C::kInside);
+  EXPECT_EQ(hugeBulge.classify({2, 8}), C::kOutside);
+  EXPECT_EQ(hugeBulge.classify({5, 5}), C::kOnBoundary);
+  EXPECT_NEAR(hugeBulge.area(), 50.0, 1e-9);
+  EXPECT_NEAR(hugeBulge.extents().maxPoint().y, 10.0, 1e-12);
+
+  C farApart;
+  farApart.appendVertex({-1e308, 0}, 0.5).appendVertex({1e308, 0}).appendVertex({0, 1e308});
+  EXPECT_EQ(farApart.classify({0, 1}), C::kInside);
+  EXPECT_EQ(farApart.classify({0, -1}), C::kOutside);
+}
+
 TEST(OdGeContour2dTransform, MirrorKeepsArcsBulgingTheSameWay) {
   C mirrored = squareWithRightArc(0.5, false);
   mirrored.transformBy(OdGeMatrix3d::mirroring(OdGePlane::kYZPlane));

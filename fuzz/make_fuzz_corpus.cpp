@@ -1,0 +1,175 @@
+// Writes the generated seed inputs of the fuzz targets: a small drawing in both DXF forms,
+// written by the project's own tag writers, damaged copies of it, and a few contours. Run it
+// with the corpus folder (fuzz/corpus) after changing what it writes; found crashers live beside
+// the seeds under their own names and are left alone.
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <string>
+
+#include "platform/base/OdError.h"
+#include "platform/dxf/DxfAsciiTagWriter.h"
+#include "platform/dxf/DxfBinaryTagReader.h"
+#include "platform/dxf/DxfBinaryTagWriter.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+void save(const fs::path& folder, const std::string& name, const std::string& bytes) {
+  std::ofstream file(folder / name, std::ios::binary | std::ios::trunc);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  if (!file) throw OdError(eFileWriteError, "cannot write " + (folder / name).string());
+}
+
+// Removes the seeds written last time, so that a changed drawing leaves no stale cuts behind.
+fs::path seedFolder(const fs::path& folder) {
+  fs::create_directories(folder);
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+    if (entry.path().filename().string().rfind("seed-", 0) == 0) fs::remove(entry.path());
+  return folder;
+}
+
+// A header and a few entities that between them use every kind of group-code value.
+void writeDrawing(DxfTagWriter& out) {
+  const std::uint8_t chunk[] = {0x00, 0x01, 0x7F, 0x80, 0xFF};
+  out.write(999, "generated seed");
+  out.write(0, "SECTION");
+  out.write(2, "HEADER");
+  out.write(9, "$ACADVER");
+  out.write(1, "AC1027");
+  out.write(9, "$HANDSEED");
+  out.write(5, OdDbHandle(0x2FF));
+  out.write(9, "$EXTMIN");
+  out.writePoint(10, -1.5, 0.0, 1e-300);
+  out.write(9, "$INSUNITS");
+  out.write(70, std::int16_t{4});
+  out.write(0, "ENDSEC");
+  out.write(0, "SECTION");
+  out.write(2, "ENTITIES");
+  out.write(0, "LINE");
+  out.write(5, OdDbHandle(0x2A));
+  out.write(330, OdDbHandle(0x1F));
+  out.write(100, "AcDbEntity");
+  out.write(8, "0");
+  out.write(62, std::int16_t{-7});
+  out.write(370, std::int16_t{-1});
+  out.write(100, "AcDbLine");
+  out.writePoint(10, 1.0, 2.0, 0.0);
+  out.writePoint(11, 1e10, -2.5e-8, 0.0);
+  out.write(0, "LWPOLYLINE");
+  out.write(5, OdDbHandle(0x2B));
+  out.write(90, std::int32_t{2});
+  out.write(70, std::int16_t{1});
+  out.writePoint(10, 0.0, 0.0);
+  out.write(42, 1.0);
+  out.writePoint(10, 4.0, 0.0);
+  out.write(42, -0.41421356237309503);
+  out.write(0, "TEXT");
+  out.write(5, OdDbHandle(0x2C));
+  out.write(1, "caf\\U+00E9 \\U+D83D\\U+DE00 \\U+DC00");
+  out.write(160, std::int64_t{-1234567890123});
+  out.write(290, true);
+  out.writeBinary(310, chunk, sizeof chunk);
+  out.write(1001, "JBCB_SEED");
+  out.write(1000, "extended text");
+  out.write(1005, OdDbHandle(0x2A));
+  out.writeBinary(1004, chunk, 2);
+  out.write(1040, 0.25);
+  out.write(1070, std::int16_t{32767});
+  out.write(1071, std::int32_t{-2147483647 - 1});
+  out.write(0, "ENDSEC");
+  out.write(0, "EOF");
+}
+
+// Prefixes of a file cut at several places, down to a few bytes.
+void saveCuts(const fs::path& folder, const std::string& bytes, std::size_t from) {
+  for (std::size_t divisor : {2, 3, 5, 7}) {
+    std::size_t length = from + (bytes.size() - from) / divisor;
+    save(folder, "seed-cut-" + std::to_string(length) + ".dxf", bytes.substr(0, length));
+  }
+}
+
+void writeTextSeeds(const fs::path& folder) {
+  DxfAsciiTagWriter crlf;
+  writeDrawing(crlf);
+  DxfAsciiTagWriter lf(DxfAsciiTagWriter::LineEnd::kLf);
+  writeDrawing(lf);
+  save(folder, "seed-drawing-crlf.dxf", crlf.data());
+  save(folder, "seed-drawing-lf.dxf", lf.data());
+  save(folder, "seed-drawing-bom.dxf", "\xEF\xBB\xBF" + lf.data());
+  saveCuts(folder, lf.data(), 0);
+  // One bad tag each, after a good section start.
+  const std::string start = "0\nSECTION\n2\nENTITIES\n0\nLINE\n";
+  save(folder, "seed-bad-code-text.dxf", start + "abc\n1\n");
+  save(folder, "seed-bad-code-number.dxf", start + "10000\n1\n");
+  save(folder, "seed-bad-values.dxf",
+       start + "70\n12x\n10\n1e999\n5\nXYZ\n310\nABC\n290\n-\n160\n99999999999999999999\n");
+  save(folder, "seed-blank-tail.dxf", start + "  \n \t\n\n");
+}
+
+// The same drawing with one-byte group codes, as binary files before R13 were written: 255
+// announces a two-byte code.
+std::string oneByteCodeDrawing() {
+  std::string bytes(DxfBinaryTagReader::sentinel());
+  const auto text = [&](unsigned char code, const char* value) {
+    bytes += static_cast<char>(code);
+    bytes.append(value, std::strlen(value) + 1);
+  };
+  text(0, "SECTION");
+  text(2, "ENTITIES");
+  text(0, "LINE");
+  text(8, "0");
+  const double x = 3.5;
+  bytes += static_cast<char>(10);
+  bytes.append(reinterpret_cast<const char*>(&x), sizeof x);
+  bytes += "\xFF\x2F\x04";  // 255, then code 1071 and its four bytes
+  bytes.append("\x01\x00\x00\x80", 4);
+  text(0, "ENDSEC");
+  text(0, "EOF");
+  return bytes;
+}
+
+void writeBinarySeeds(const fs::path& folder) {
+  DxfBinaryTagWriter out;
+  writeDrawing(out);
+  save(folder, "seed-drawing.dxf", out.data());
+  save(folder, "seed-one-byte-codes.dxf", oneByteCodeDrawing());
+  saveCuts(folder, out.data(), DxfBinaryTagReader::sentinel().size());
+}
+
+// Vertex count, then x, y, bulge per vertex, then query points.
+std::string contour(unsigned char vertexCount, std::initializer_list<double> values) {
+  std::string bytes(1, static_cast<char>(vertexCount));
+  for (double v : values)
+    bytes.append(reinterpret_cast<const char*>(&v), sizeof v);
+  return bytes;
+}
+
+void writeContourSeeds(const fs::path& folder) {
+  save(folder, "seed-square.bin",
+       contour(4, {0, 0, 0, 10, 0, 0, 10, 10, 0, 0, 10, 0, 5, 5, 20, 5, 10, 5, 0, 10}));
+  save(folder, "seed-arcs.bin",
+       contour(3, {0, 0, 1, 4, 0, -0.5, 4, 4, 0.2, 2, -1.9, 2, 2, 4.1, 2, 5, 5}));
+  save(folder, "seed-degenerate.bin", contour(3, {1, 1, 0, 1, 1, 1, 1, 1, -1, 1, 1, 0, 2}));
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: %s CORPUS_FOLDER\n", argv[0]);
+    return 2;
+  }
+  try {
+    const fs::path root(argv[1]);
+    writeTextSeeds(seedFolder(root / "fuzz_dxf_tags_ascii"));
+    writeBinarySeeds(seedFolder(root / "fuzz_dxf_tags_binary"));
+    writeContourSeeds(seedFolder(root / "fuzz_contour"));
+  } catch (const std::exception& e) {
+    std::fprintf(stderr, "%s\n", e.what());
+    return 1;
+  }
+  return 0;
+}
