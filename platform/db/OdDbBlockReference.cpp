@@ -95,7 +95,8 @@ void OdDbBlockReference::relink(const OdDbObjectId& from, const OdDbObjectId& to
   if (OdDbBlockTableRecord* old = blockOf(from)) old->m_referenceIds.remove(objectId());
   if (to.isNull()) return;
   if (OdDbBlockTableRecord* block = blockOf(to)) {
-    if (!block->m_referenceIds.contains(objectId())) block->m_referenceIds.append(objectId());
+    // A reference is listed at most once: it leaves its old block's list before it joins.
+    block->m_referenceIds.append(objectId());
   } else {
     // The block is not loaded yet: its list is rebuilt when it is asked for.
     database()->invalidateBlockReferenceLists();

@@ -1,6 +1,8 @@
 // Block definition.
 #include "platform/db/OdDbBlockTableRecord.h"
 
+#include <unordered_set>
+
 #include "platform/db/OdDbAttribute.h"
 #include "platform/db/OdDbAttributeDefinition.h"
 #include "platform/db/OdDbAuditInfo.h"
@@ -40,6 +42,7 @@ OdResult OdDbBlockTableRecord::getBlockReferenceIds(OdDbObjectIdArray& ids, bool
   if (!db) return eNoDatabase;
   if (forceValidity || db->blockReferenceListsStale()) db->rebuildBlockReferenceLists();
   OdDbObjectIdArray blocks{objectId()};
+  std::unordered_set<OdDbObjectId> seen;
   for (OdDbObjectIdArray::size_type next = 0; next < blocks.length(); ++next) {
     const OdDbObject* object = blocks[next].stub()->object();
     const auto* block = static_cast<const OdDbBlockTableRecord*>(object);
@@ -47,7 +50,7 @@ OdResult OdDbBlockTableRecord::getBlockReferenceIds(OdDbObjectIdArray& ids, bool
       const OdDbObject* found = refId.stub()->object();
       if (!found || refId.isErased() || !found->isKindOf(OdDbBlockReference::desc())) continue;
       if (static_cast<const OdDbBlockReference*>(found)->m_blockId != blocks[next]) continue;
-      if (ids.contains(refId)) continue;
+      if (!seen.insert(refId).second) continue;
       ids.append(refId);
       if (directOnly) continue;
       // A reference inside another block shows this one wherever that block is referenced.

@@ -4,6 +4,9 @@
 #include <cstring>
 #include <string>
 
+#include "platform/ge/OdGePoint3d.h"
+#include "platform/ge/OdGeScale3d.h"
+#include "platform/ge/OdGeVector3d.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_CONS_DEFINE_MEMBERS(OdDbMemoryDwgFiler, OdDbDwgFiler)
@@ -22,14 +25,25 @@ enum class OdDbMemoryDwgFiler::Tag : std::uint8_t {
   kHardOwnershipId,
   kSoftPointerId,
   kHardPointerId,
+  kTriple,
 };
 
 namespace {
 const char* tagName(unsigned char tag) {
-  static const char* const kNames[] = {
-      "bool",           "int8",  "int16",  "int32",         "int64",         "double",
-      "string",         "bytes", "handle", "soft-owner id", "hard-owner id", "soft-pointer id",
-      "hard-pointer id"};
+  static const char* const kNames[] = {"bool",
+                                       "int8",
+                                       "int16",
+                                       "int32",
+                                       "int64",
+                                       "double",
+                                       "string",
+                                       "bytes",
+                                       "handle",
+                                       "soft-owner id",
+                                       "hard-owner id",
+                                       "soft-pointer id",
+                                       "hard-pointer id",
+                                       "point"};
   return tag < sizeof kNames / sizeof kNames[0] ? kNames[tag] : "unknown item";
 }
 }  // namespace
@@ -74,10 +88,11 @@ void OdDbMemoryDwgFiler::fail(OdResult code, const std::string& message) {
 
 void OdDbMemoryDwgFiler::put(Tag tag, const void* data, std::size_t size) {
   // Writing in the middle overwrites from there on, as a file would.
-  m_bytes.resize(static_cast<std::size_t>(m_position));
-  m_bytes.push_back(static_cast<unsigned char>(tag));
-  const auto* bytes = static_cast<const unsigned char*>(data);
-  m_bytes.insert(m_bytes.end(), bytes, bytes + size);
+  const auto at = static_cast<std::size_t>(m_position);
+  if (m_bytes.capacity() == 0) m_bytes.reserve(256);
+  m_bytes.resize(at + 1 + size);
+  m_bytes[at] = static_cast<unsigned char>(tag);
+  if (size) std::memcpy(m_bytes.data() + at + 1, data, size);
   m_position = m_bytes.size();
 }
 
@@ -178,13 +193,17 @@ void OdDbMemoryDwgFiler::wrDouble(double value) {
 void OdDbMemoryDwgFiler::wrString(const OdString& value) {
   const auto length = static_cast<std::uint32_t>(value.str().size());
   put(Tag::kString, &length, sizeof length);
-  m_bytes.insert(m_bytes.end(), value.str().begin(), value.str().end());
-  m_position = m_bytes.size();
+  appendRaw(value.c_str(), length);
 }
 void OdDbMemoryDwgFiler::wrBytes(const void* buffer, std::uint32_t numBytes) {
   put(Tag::kBytes, &numBytes, sizeof numBytes);
-  const auto* bytes = static_cast<const unsigned char*>(buffer);
-  if (numBytes) m_bytes.insert(m_bytes.end(), bytes, bytes + numBytes);
+  appendRaw(buffer, numBytes);
+}
+void OdDbMemoryDwgFiler::appendRaw(const void* data, std::size_t size) {
+  if (!size) return;
+  const std::size_t at = m_bytes.size();
+  m_bytes.resize(at + size);
+  std::memcpy(m_bytes.data() + at, data, size);
   m_position = m_bytes.size();
 }
 void OdDbMemoryDwgFiler::wrDbHandle(const OdDbHandle& value) {
@@ -236,4 +255,32 @@ void OdDbMemoryDwgFiler::wrSoftPointerId(const OdDbObjectId& id) {
 }
 void OdDbMemoryDwgFiler::wrHardPointerId(const OdDbObjectId& id) {
   writeId(id, OdDb::kHardPointerRef);
+}
+
+OdGePoint3d OdDbMemoryDwgFiler::rdPoint3d() {
+  double xyz[3] = {};
+  get(Tag::kTriple, xyz, sizeof xyz);
+  return OdGePoint3d(xyz[0], xyz[1], xyz[2]);
+}
+OdGeVector3d OdDbMemoryDwgFiler::rdVector3d() {
+  double xyz[3] = {};
+  get(Tag::kTriple, xyz, sizeof xyz);
+  return OdGeVector3d(xyz[0], xyz[1], xyz[2]);
+}
+OdGeScale3d OdDbMemoryDwgFiler::rdScale3d() {
+  double xyz[3] = {};
+  get(Tag::kTriple, xyz, sizeof xyz);
+  return OdGeScale3d(xyz[0], xyz[1], xyz[2]);
+}
+void OdDbMemoryDwgFiler::wrPoint3d(const OdGePoint3d& value) {
+  const double xyz[3] = {value.x, value.y, value.z};
+  put(Tag::kTriple, xyz, sizeof xyz);
+}
+void OdDbMemoryDwgFiler::wrVector3d(const OdGeVector3d& value) {
+  const double xyz[3] = {value.x, value.y, value.z};
+  put(Tag::kTriple, xyz, sizeof xyz);
+}
+void OdDbMemoryDwgFiler::wrScale3d(const OdGeScale3d& value) {
+  const double xyz[3] = {value.sx, value.sy, value.sz};
+  put(Tag::kTriple, xyz, sizeof xyz);
 }

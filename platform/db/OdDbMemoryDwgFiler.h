@@ -58,6 +58,13 @@ class OdDbMemoryDwgFiler : public OdDbDwgFiler {
   void wrHardOwnershipId(const OdDbObjectId& id) override;
   void wrSoftPointerId(const OdDbObjectId& id) override;
   void wrHardPointerId(const OdDbObjectId& id) override;
+  // Points, vectors and scales go as one item of three reals.
+  OdGePoint3d rdPoint3d() override;
+  OdGeVector3d rdVector3d() override;
+  OdGeScale3d rdScale3d() override;
+  void wrPoint3d(const OdGePoint3d& value) override;
+  void wrVector3d(const OdGeVector3d& value) override;
+  void wrScale3d(const OdGeScale3d& value) override;
 
  protected:
   // What an id read back becomes. By default the id itself; a copy filer drops ownership so that
@@ -68,6 +75,7 @@ class OdDbMemoryDwgFiler : public OdDbDwgFiler {
   enum class Tag : std::uint8_t;
   void put(Tag tag, const void* data, std::size_t size);
   void get(Tag tag, void* data, std::size_t size);
+  void appendRaw(const void* data, std::size_t size);
   [[noreturn]] void fail(OdResult code, const std::string& message);
   void writeId(const OdDbObjectId& id, OdDb::ReferenceType type);
   OdDbObjectId readId(OdDb::ReferenceType type);
