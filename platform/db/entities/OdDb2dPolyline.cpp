@@ -182,11 +182,17 @@ OdResult OdDb2dPolyline::moveStretchPointsAt(const OdIntArray& indices,
                                              const OdGeVector3d& offset) {
   assertWriteEnabled();
   const OdGeVector3d local = OdGeMatrix3d::worldToPlane(m_normal) * offset;
-  for (int index : indices) {
-    if (index < 0 || static_cast<unsigned int>(index) >= m_vertices.length()) continue;
-    const OdDb2dVertexPtr& vertex = m_vertices[index];
-    vertex->setPosition(vertex->position() + OdGeVector3d(local.x, local.y, 0.0));
+  bool all = !m_vertices.isEmpty();
+  for (unsigned int i = 0; i < m_vertices.length(); ++i)
+    all = all && indices.contains(static_cast<int>(i));
+  // Only a move of every vertex may lift the plane; single vertices stay in it.
+  const OdGeVector3d shift(local.x, local.y, all ? local.z : 0.0);
+  for (unsigned int i = 0; i < m_vertices.length(); ++i) {
+    if (!indices.contains(static_cast<int>(i))) continue;
+    const OdDb2dVertexPtr& vertex = m_vertices[i];
+    vertex->setPosition(vertex->position() + shift);
   }
+  m_elevation += shift.z;
   return eOk;
 }
 

@@ -32,6 +32,15 @@ OdGeVector2d perpendicular(const OdGeVector2d& v) {
   return OdGeVector2d(-v.y, v.x);
 }
 
+bool isFullTurn(const OdDbHatch::Edge& edge) {
+  return OdGeAngle::isEqual(edge.startAngle, edge.endAngle);
+}
+
+OdGePoint2d ellipsePoint(const OdDbHatch::Edge& edge, double param) {
+  return edge.center + edge.majorAxis * std::cos(param) +
+         perpendicular(edge.majorAxis) * (edge.ratio * std::sin(param));
+}
+
 OdGeVector3d vec3(const OdGeVector2d& v) {
   return OdGeVector3d(v.x, v.y, 0.0);
 }
@@ -341,7 +350,8 @@ void OdDbHatch::mapLoops(const PlanarTransform& plane) {
           e.majorAxis = mapped.majorAxis().convert2d();
           e.ratio = mapped.minorAxis().length() / mapped.majorAxis().length();
           const double s = mapped.isFull() ? 0.0 : mapped.startParam();
-          const double t = mapped.isFull() ? OdGeAngle::k2Pi : mapped.endParam();
+          const double t =
+              mapped.isFull() ? OdGeAngle::k2Pi : OdGeAngle::normalize(mapped.endParam());
           e.startAngle = e.ccw ? s : t;
           e.endAngle = e.ccw ? t : s;
           break;
@@ -393,12 +403,28 @@ void OdDbHatch::loopStretchPoints(const Loop& l, OdGePoint2dArray& points) {
     }
     points.append(p);
   };
-  for (const OdGePoint2d& v : l.vertices)
-    add(v);
+  for (const OdGePoint2d& v : l.vertices) add(v);
   for (const Edge& e : l.edges) {
-    if (e.type != kLine) continue;
-    add(e.start);
-    add(e.end);
+    switch (e.type) {
+      case kLine:
+        add(e.start);
+        add(e.end);
+        break;
+      case kCirArc:
+        if (isFullTurn(e)) {
+          add(e.center);
+        } else {
+          add(arcPoint(e, e.startAngle));
+          add(arcPoint(e, e.endAngle));
+        }
+        break;
+      case kEllArc:
+        add(e.center);
+        break;
+      case kSpline:
+        for (const OdGePoint2d& p : e.controlPoints) add(p);
+        break;
+    }
   }
 }
 
@@ -416,7 +442,18 @@ OdResult OdDbHatch::getStretchPoints(OdGePoint3dArray& points) const {
 
 OdResult OdDbHatch::moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   assertWriteEnabled();
-  const OdGeVector2d shift = (OdGeMatrix3d::worldToPlane(m_normal) * offset).convert2d();
+  const OdGeVector3d local = OdGeMatrix3d::worldToPlane(m_normal) * offset;
+  const OdGeVector2d shift = local.convert2d();
+  OdGePoint3dArray all;
+  getStretchPoints(all);
+  bool everyPoint = !all.isEmpty();
+  for (unsigned int i = 0; i < all.length(); ++i)
+    everyPoint = everyPoint && indices.contains(static_cast<int>(i));
+  // Only a move of every point may lift the plane; single points stay in it.
+  if (everyPoint) {
+    m_elevation += local.z;
+    for (OdGePoint2d& seed : m_seeds) seed += shift;
+  }
   int base = 0;
   for (Loop& l : m_loops) {
     OdGePoint2dArray local;
@@ -443,7 +480,25 @@ OdResult OdDbHatch::moveStretchPointsAt(const OdIntArray& indices, const OdGeVec
         const bool endMoves = isMoved(e.end);
         if (startMoves) e.start += shift;
         if (endMoves) e.end += shift;
-      } else if (e.type == kCirArc) {
+      } else if (e.type == kEllArc) {
+        const bool bothEnds =
+            isMoved(ellipsePoint(e, e.startAngle)) && isMoved(ellipsePoint(e, e.endAngle));
+        if (isMoved(e.center) || bothEnds) e.center += shift;
+      } else if (e.type == kSpline) {
+        bool changed = false;
+        for (OdGePoint2d& p : e.controlPoints) {
+          if (!isMoved(p)) continue;
+          p += shift;
+          changed = true;
+        }
+        // Fit data no longer describes moved control points.
+        if (changed) {
+          e.fitPoints.clear();
+          e.startTangent = e.endTangent = OdGeVector2d();
+        }
+      } else if (isFullTurn(e)) {
+        if (isMoved(e.center)) e.center += shift;
+      } else {
         OdGePoint2d from = arcPoint(e, e.startAngle);
         OdGePoint2d to = arcPoint(e, e.endAngle);
         const bool fromMoves = isMoved(from);

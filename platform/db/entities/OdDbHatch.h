@@ -89,9 +89,11 @@ class OdDbHatch : public OdDbEntity {
   // boundaries of straight segments, elliptical arcs and splines; circular arcs and bulges give
   // eCannotScaleNonUniformly (from getTransformedCopy as well).
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
-  // Stretch points: polyline-loop vertices and line-edge end points (a point shared by
-  // neighbouring edges is listed once). Moving one moves every line end and polyline vertex of
-  // its loop at that place; a circular arc edge ending there keeps its included angle.
+  // Stretch points, per loop, a point shared by neighbouring edges listed once: polyline
+  // vertices, line and circular-arc end points (a full circle: its centre), elliptical-arc
+  // centres and spline control points. Moving a point moves every vertex and edge end of its loop
+  // at that place; a circular arc with one end moved keeps its included angle; an elliptical arc
+  // moves whole when its centre or both its ends move. Moving every point also moves the plane.
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGripPoints(OdGePoint3dArray& points) const override;

@@ -198,10 +198,14 @@ OdResult OdDbPolyline::getStretchPoints(OdGePoint3dArray& points) const {
 OdResult OdDbPolyline::moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   assertWriteEnabled();
   const OdGeVector3d local = OdGeMatrix3d::worldToPlane(m_normal) * offset;
-  for (int index : indices) {
-    if (index >= 0 && static_cast<unsigned int>(index) < m_vertices.length())
-      m_vertices[index].point += local.convert2d();
+  unsigned int moved = 0;
+  for (unsigned int i = 0; i < m_vertices.length(); ++i) {
+    if (!indices.contains(static_cast<int>(i))) continue;
+    m_vertices[i].point += local.convert2d();
+    ++moved;
   }
+  // Only a move of every vertex may lift the plane; single vertices stay in it.
+  if (moved > 0 && moved == m_vertices.length()) m_elevation += local.z;
   return eOk;
 }
 
