@@ -2,6 +2,35 @@
 
 #include <iterator>
 
+#include "platform/db/OdDbAttribute.h"
+#include "platform/db/OdDbAttributeBase.h"
+#include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/OdDbBlockReference.h"
+#include "platform/db/OdDbBlockTable.h"
+#include "platform/db/OdDbBlockTableRecord.h"
+#include "platform/db/OdDbDatabase.h"
+#include "platform/db/OdDbDictionary.h"
+#include "platform/db/OdDbDictionaryIterator.h"
+#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/OdDbEntity.h"
+#include "platform/db/OdDbIdMapping.h"
+#include "platform/db/OdDbIdMappingIter.h"
+#include "platform/db/OdDbLayerTable.h"
+#include "platform/db/OdDbLayerTableRecord.h"
+#include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/db/OdDbObject.h"
+#include "platform/db/OdDbObjectIterator.h"
+#include "platform/db/OdDbObjectReactor.h"
+#include "platform/db/OdDbRegAppTable.h"
+#include "platform/db/OdDbRegAppTableRecord.h"
+#include "platform/db/OdDbResBufDxfFiler.h"
+#include "platform/db/OdDbSymbolTable.h"
+#include "platform/db/OdDbSymbolTableIterator.h"
+#include "platform/db/OdDbSymbolTableRecord.h"
+#include "platform/db/OdDbXrecord.h"
+#include "platform/db/OdRxEvent.h"
+#include "platform/db/OdRxEventReactor.h"
 #include "platform/host/OdEdCommand.h"
 #include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
@@ -23,12 +52,42 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdRxModule::rxInit, &OdRxModule::rxUninit},
     {&OdResBuf::rxInit, &OdResBuf::rxUninit},
     {&OdEdCommand::rxInit, &OdEdCommand::rxUninit},
+    {&OdDbDwgFiler::rxInit, &OdDbDwgFiler::rxUninit},
+    {&OdDbMemoryDwgFiler::rxInit, &OdDbMemoryDwgFiler::rxUninit},
+    {&OdDbDxfFiler::rxInit, &OdDbDxfFiler::rxUninit},
+    {&OdDbResBufDxfFiler::rxInit, &OdDbResBufDxfFiler::rxUninit},
+    {&OdDbObjectReactor::rxInit, &OdDbObjectReactor::rxUninit},
+    {&OdRxEventReactor::rxInit, &OdRxEventReactor::rxUninit},
+    {&OdRxEvent::rxInit, &OdRxEvent::rxUninit},
+    {&OdDbIdMapping::rxInit, &OdDbIdMapping::rxUninit},
+    {&OdDbIdMappingIter::rxInit, &OdDbIdMappingIter::rxUninit},
+    {&OdDbObjectIterator::rxInit, &OdDbObjectIterator::rxUninit},
+    {&OdDbSymbolTableIterator::rxInit, &OdDbSymbolTableIterator::rxUninit},
+    {&OdDbDictionaryIterator::rxInit, &OdDbDictionaryIterator::rxUninit},
+    {&OdDbDatabase::rxInit, &OdDbDatabase::rxUninit},
+    {&OdDbObject::rxInit, &OdDbObject::rxUninit},
+    {&OdDbDictionary::rxInit, &OdDbDictionary::rxUninit},
+    {&OdDbXrecord::rxInit, &OdDbXrecord::rxUninit},
+    {&OdDbSymbolTable::rxInit, &OdDbSymbolTable::rxUninit},
+    {&OdDbBlockTable::rxInit, &OdDbBlockTable::rxUninit},
+    {&OdDbLayerTable::rxInit, &OdDbLayerTable::rxUninit},
+    {&OdDbRegAppTable::rxInit, &OdDbRegAppTable::rxUninit},
+    {&OdDbSymbolTableRecord::rxInit, &OdDbSymbolTableRecord::rxUninit},
+    {&OdDbBlockTableRecord::rxInit, &OdDbBlockTableRecord::rxUninit},
+    {&OdDbLayerTableRecord::rxInit, &OdDbLayerTableRecord::rxUninit},
+    {&OdDbRegAppTableRecord::rxInit, &OdDbRegAppTableRecord::rxUninit},
+    {&OdDbEntity::rxInit, &OdDbEntity::rxUninit},
+    {&OdDbBlockReference::rxInit, &OdDbBlockReference::rxUninit},
+    {&OdDbAttributeBase::rxInit, &OdDbAttributeBase::rxUninit},
+    {&OdDbAttributeDefinition::rxInit, &OdDbAttributeDefinition::rxUninit},
+    {&OdDbAttribute::rxInit, &OdDbAttribute::rxUninit},
 };
 }  // namespace
 
 void odInitialize() {
   if (g_initialized) return;
-  for (const auto& registration : kPlatformClasses) registration.init();
+  for (const auto& registration : kPlatformClasses)
+    registration.init();
   g_initialized = true;
 }
 
@@ -40,4 +99,6 @@ void odUninitialize() {
   g_initialized = false;
 }
 
-bool odIsInitialized() { return g_initialized; }
+bool odIsInitialized() {
+  return g_initialized;
+}

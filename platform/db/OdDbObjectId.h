@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "platform/base/OdArray.h"
 #include "platform/db/OdDbHandle.h"
 #include "platform/rx/OdSmartPtr.h"
 
@@ -34,6 +35,9 @@ class OdDbObjectId {
   OdDbObjectPtr openObject(OdDb::OpenMode mode = OdDb::kForRead, bool openErased = false) const;
   // Like openObject, but never null: fails with the open error instead.
   OdDbObjectPtr safeOpenObject(OdDb::OpenMode mode = OdDb::kForRead, bool openErased = false) const;
+  // Like openObject, reporting why it failed.
+  OdResult openObject(OdDbObjectPtr& object, OdDb::OpenMode mode = OdDb::kForRead,
+                      bool openErased = false) const;
 
   OdDbStub* stub() const noexcept { return m_stub; }
 
@@ -50,6 +54,8 @@ class OdDbObjectId {
  private:
   OdDbStub* m_stub = nullptr;
 };
+
+using OdDbObjectIdArray = OdArray<OdDbObjectId>;
 
 template <>
 struct std::hash<OdDbObjectId> {

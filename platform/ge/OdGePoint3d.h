@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "platform/base/OdArray.h"
 #include "platform/ge/OdGePoint2d.h"
 #include "platform/ge/OdGeTol.h"
 #include "platform/ge/OdGeVector3d.h"
@@ -61,3 +62,5 @@ inline OdGePoint3d OdGeVector3d::asPoint() const {
 inline OdGePoint3d OdGePoint2d::convert3d(double z) const {
   return {x, y, z};
 }
+
+using OdGePoint3dArray = OdArray<OdGePoint3d>;

@@ -1,0 +1,20 @@
+// DXF filer: the checks every filer shares.
+#include "platform/db/OdDbDxfFiler.h"
+
+#include "platform/rx/OdRxClass.h"
+
+ODRX_NO_CONS_DEFINE_MEMBERS(OdDbDxfFiler, OdRxObject)
+
+bool OdDbDxfFiler::atEndOfObject() {
+  if (atEOF()) return true;
+  const int code = nextItem();
+  pushBackItem();
+  return code == 0 || code == 1001 || code < 0;
+}
+
+bool OdDbDxfFiler::atSubclassData(const OdString& className) {
+  if (atEOF()) return false;
+  if (nextItem() == 100 && rdString() == className) return true;
+  pushBackItem();
+  return false;
+}
