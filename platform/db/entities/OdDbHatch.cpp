@@ -403,7 +403,8 @@ void OdDbHatch::loopStretchPoints(const Loop& l, OdGePoint2dArray& points) {
     }
     points.append(p);
   };
-  for (const OdGePoint2d& v : l.vertices) add(v);
+  for (const OdGePoint2d& v : l.vertices)
+    add(v);
   for (const Edge& e : l.edges) {
     switch (e.type) {
       case kLine:
@@ -422,7 +423,8 @@ void OdDbHatch::loopStretchPoints(const Loop& l, OdGePoint2dArray& points) {
         add(e.center);
         break;
       case kSpline:
-        for (const OdGePoint2d& p : e.controlPoints) add(p);
+        for (const OdGePoint2d& p : e.controlPoints)
+          add(p);
         break;
     }
   }
@@ -452,7 +454,8 @@ OdResult OdDbHatch::moveStretchPointsAt(const OdIntArray& indices, const OdGeVec
   // Only a move of every point may lift the plane; single points stay in it.
   if (everyPoint) {
     m_elevation += local.z;
-    for (OdGePoint2d& seed : m_seeds) seed += shift;
+    for (OdGePoint2d& seed : m_seeds)
+      seed += shift;
   }
   int base = 0;
   for (Loop& l : m_loops) {

@@ -24,20 +24,18 @@ class PlanarTransform {
   // Factor along the normal, for thicknesses; negative when the normal's image points away.
   double normalScale() const { return m_normalScale; }
   const OdGeVector3d& newNormal() const { return m_newNormal; }
-  const OdGeMatrix3d& matrix() const { return m_matrix; }
 
   // The direction at angle in the old object system, as an angle in the new one.
   double mapAngle(double angle) const;
   // An object-system point (x, y, elevation) of the old plane, in the new object system.
-  OdGePoint3d mapOcsPoint(const OdGePoint3d& ocs) const;
+  OdGePoint3d mapOcsPoint(const OdGePoint3d& ocs) const { return m_ocsMap * ocs; }
   OdGePoint3d mapOcsPoint(const OdGePoint2d& ocs, double elevation) const {
     return mapOcsPoint(ocs.convert3d(elevation));
   }
 
  private:
-  OdGeMatrix3d m_matrix;
-  OdGeMatrix3d m_oldToWorld;
-  OdGeMatrix3d m_worldToNew;
+  // Old object coordinates to new object coordinates.
+  OdGeMatrix3d m_ocsMap;
   OdGeVector3d m_newNormal;
   double m_scale = 1.0;
   double m_normalScale = 1.0;

@@ -70,7 +70,8 @@ TEST_P(EntityKindTest, StretchingEveryPointMovesTheWholeEntity) {
   OdGePoint3dArray points;
   stretched->getStretchPoints(points);
   OdIntArray all;
-  for (unsigned int i = 0; i < points.length(); ++i) all.append(static_cast<int>(i));
+  for (unsigned int i = 0; i < points.length(); ++i)
+    all.append(static_cast<int>(i));
   ASSERT_EQ(stretched->moveStretchPointsAt(all, shift), eOk);
   ASSERT_EQ(moved->transformBy(OdGeMatrix3d::translation(shift)), eOk);
   if (points.isEmpty()) {

@@ -99,8 +99,8 @@ inline std::vector<EntitySample> entitySamples() {
       {"Polyline3d", "POLYLINE",
        [] {
          OdDb3dPolylinePtr e = OdDb3dPolyline::createObject();
-         for (const OdGePoint3d& p : {OdGePoint3d(0, 0, 0), OdGePoint3d(1, 2, 3),
-                                      OdGePoint3d(4, 0, -1)}) {
+         for (const OdGePoint3d& p :
+              {OdGePoint3d(0, 0, 0), OdGePoint3d(1, 2, 3), OdGePoint3d(4, 0, -1)}) {
            OdDb3dPolylineVertexPtr v = OdDb3dPolylineVertex::createObject();
            v->setPosition(p);
            e->appendVertex(v);
@@ -184,8 +184,8 @@ inline std::vector<EntitySample> entitySamples() {
          e->setPatternScale(2.0);
          e->setElevation(1.0);
          e->setNormal(tilted);
-         e->appendLoop(OdDbHatch::kExternal, {OdGePoint2d(0, 0), OdGePoint2d(10, 0),
-                                              OdGePoint2d(10, 10)},
+         e->appendLoop(OdDbHatch::kExternal,
+                       {OdGePoint2d(0, 0), OdGePoint2d(10, 0), OdGePoint2d(10, 10)},
                        {0.0, 0.3, 0.0});
          OdDbHatch::Edge line;
          line.start = OdGePoint2d(2, 2);

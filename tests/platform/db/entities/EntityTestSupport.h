@@ -50,12 +50,14 @@ inline ::testing::AssertionResult sameDxf(const OdDbEntity* a, const OdDbEntity*
   int index = 0;
   for (; !x.isNull() && !y.isNull(); x = x->next(), y = y->next(), ++index) {
     if (!x->isEqualTo(y.get()))
-      return ::testing::AssertionFailure() << "item " << index << " (group " << x->restype()
-                                           << ") differs";
+      return ::testing::AssertionFailure()
+             << "item " << index << " (group " << x->restype() << ") differs";
   }
   if (!x.isNull() || !y.isNull())
     return ::testing::AssertionFailure() << "item counts differ after " << index;
   return ::testing::AssertionSuccess();
 }
 
-inline OdGePoint3d pt(double x, double y, double z = 0.0) { return OdGePoint3d(x, y, z); }
+inline OdGePoint3d pt(double x, double y, double z = 0.0) {
+  return OdGePoint3d(x, y, z);
+}
