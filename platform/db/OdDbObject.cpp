@@ -575,10 +575,15 @@ OdResult OdDbObject::dxfIn(OdDbDxfFiler* filer) {
   // Whatever follows the fields up to the next object is extended data.
   OdResBufPtr head;
   OdResBuf* tail = nullptr;
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
+  // atEndOfObject stops at 1001 too: only the next object (0) ends the extended data.
+  while (!filer->atEOF()) {
     OdResBufPtr item;
     filer->nextRb(item);
     if (item.isNull()) break;
+    if (item->restype() == 0) {
+      filer->pushBackItem();
+      break;
+    }
     if (head.isNull() && item->restype() != 1001)
       throw OdError(eBadDxfSequence,
                     describe().str() + ": group code " + std::to_string(item->restype()) + " at " +
