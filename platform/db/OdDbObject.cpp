@@ -183,13 +183,15 @@ bool OdDbObject::isErased() const {
 
 void OdDbObject::setOwnerId(OdDbObjectId ownerId) {
   if (ownerId == m_ownerId) return;
-  assertWriteEnabled();
+  // Checked before write access is asserted, which marks the object modified.
+  if (m_stub && m_mode != OdDb::kForWrite) throwOpenState(eNotOpenForWrite);
   if (m_stub && !ownerId.isNull() && ownerId.database() != m_stub->database())
     throw OdError(eWrongDatabase, describe().str() + ": the owner " +
                                       ownerId.getHandle().ascii().str() +
                                       " belongs to another database");
   if (ownerId == objectId() && !ownerId.isNull())
     throw OdError(eSelfReference, describe().str() + " cannot own itself");
+  assertWriteEnabled();
   m_ownerId = ownerId;
 }
 
