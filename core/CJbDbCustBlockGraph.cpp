@@ -294,19 +294,18 @@ OdSmartPtr<OdDbBlockReference> openBlockReference(const OdDbObjectId& blockRefId
 }
 
 // The attribute definitions of the referenced block as they stand now.
-std::unique_ptr<CJbDbCustBlockAttributeSnapshot> takeSnapshot(
-    const OdDbBlockReference& reference) {
+std::unique_ptr<CJbDbCustBlockAttributeSnapshot> takeSnapshot(const OdDbBlockReference& reference) {
   auto snapshot = std::make_unique<CJbDbCustBlockAttributeSnapshot>();
-  OdSmartPtr<OdDbBlockTableRecord> record = OdDbBlockTableRecord::cast(
-      reference.blockTableRecord().safeOpenObject(OdDb::kForRead).get());
+  OdSmartPtr<OdDbBlockTableRecord> record =
+      OdDbBlockTableRecord::cast(reference.blockTableRecord().safeOpenObject(OdDb::kForRead).get());
   if (record.isNull()) return snapshot;
   for (OdDbObjectIteratorPtr it = record->newIterator(); !it->done(); it->step()) {
     OdSmartPtr<OdDbAttributeDefinition> definition =
         OdDbAttributeDefinition::cast(it->getObject().get());
     if (definition.isNull()) continue;
-    snapshot->Add(definition->tag(), CJbDbCustBlockAttributeSnapshot::Definition{
-                                         it->objectId(), definition->position(),
-                                         definition->alignmentPoint()});
+    snapshot->Add(definition->tag(),
+                  CJbDbCustBlockAttributeSnapshot::Definition{
+                      it->objectId(), definition->position(), definition->alignmentPoint()});
   }
   return snapshot;
 }
