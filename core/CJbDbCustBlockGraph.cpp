@@ -1,6 +1,7 @@
 // The evaluation graph of one customizable block definition.
 #include "core/CJbDbCustBlockGraph.h"
 
+#include <memory>
 #include <vector>
 
 #include "core/CJbCustBlockCyclingGrip.h"
@@ -8,8 +9,13 @@
 #include "core/CJbCustBlockElementImpl.h"
 #include "core/CJbCustBlockGraphReactor.h"
 #include "core/CJbCustBlockSettingsElement.h"
+#include "core/CJbDbCustBlockAttributeSnapshot.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "core/CJbDbCustBlockGraphImpl.h"
+#include "platform/db/OdDbAttribute.h"
+#include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/OdDbBlockReference.h"
+#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DEFINE_MEMBERS_NAMED(CJbDbCustBlockGraph, "JbDbCustBlockGraph", OdDbObject,
@@ -274,6 +280,93 @@ OdArray<OdGePoint3d> CJbDbCustBlockGraph::GetCyclingPoints(OdArray<int>* ids) co
     }
   }
   return points;
+}
+
+namespace {
+OdSmartPtr<OdDbBlockReference> openBlockReference(const OdDbObjectId& blockRefId) {
+  OdSmartPtr<OdDbBlockReference> reference =
+      OdDbBlockReference::cast(blockRefId.safeOpenObject(OdDb::kForRead).get());
+  if (reference.isNull())
+    throw OdError(eNotThatKindOfClass, "attribute update: object " +
+                                           blockRefId.getHandle().ascii().str() +
+                                           " is not a block reference");
+  return reference;
+}
+
+// The attribute definitions of the referenced block as they stand now.
+std::unique_ptr<CJbDbCustBlockAttributeSnapshot> takeSnapshot(const OdDbBlockReference& reference) {
+  auto snapshot = std::make_unique<CJbDbCustBlockAttributeSnapshot>();
+  OdSmartPtr<OdDbBlockTableRecord> record =
+      OdDbBlockTableRecord::cast(reference.blockTableRecord().safeOpenObject(OdDb::kForRead).get());
+  if (record.isNull()) return snapshot;
+  for (OdDbObjectIteratorPtr it = record->newIterator(); !it->done(); it->step()) {
+    OdSmartPtr<OdDbAttributeDefinition> definition =
+        OdDbAttributeDefinition::cast(it->getObject().get());
+    if (definition.isNull()) continue;
+    snapshot->Add(definition->tag(),
+                  CJbDbCustBlockAttributeSnapshot::Definition{
+                      it->objectId(), definition->position(), definition->alignmentPoint()});
+  }
+  return snapshot;
+}
+
+OdGePoint3d transformed(OdGePoint3d point, const OdGeMatrix3d& xform) {
+  return point.transformBy(xform);
+}
+}  // namespace
+
+void CJbDbCustBlockGraph::BeginUpdateAttributes(const OdDbObjectId& blockRefId,
+                                                CJbDbCustBlockAttributeSnapshot*& snapshot) {
+  snapshot = takeSnapshot(*openBlockReference(blockRefId)).release();
+}
+
+void CJbDbCustBlockGraph::UpdateAttributes(const OdDbObjectId& blockRefId,
+                                           CJbDbCustBlockAttributeSnapshot* snapshot) {
+  OdSmartPtr<OdDbBlockReference> reference = openBlockReference(blockRefId);
+  const OdGeMatrix3d xform = reference->blockTransform();
+  // Without an earlier snapshot the definitions' present positions are the reference.
+  const bool fromBefore = snapshot != nullptr;
+  std::unique_ptr<CJbDbCustBlockAttributeSnapshot> taken;
+  if (!fromBefore) {
+    taken = takeSnapshot(*reference);
+    snapshot = taken.get();
+  }
+  for (OdDbObjectIteratorPtr it = reference->attributeIterator(); !it->done(); it->step()) {
+    OdSmartPtr<OdDbAttribute> attribute = OdDbAttribute::cast(it->getObject().get());
+    if (attribute.isNull()) continue;
+    const CJbDbCustBlockAttributeSnapshot::Definition* recorded = snapshot->Find(attribute->tag());
+    if (!recorded) continue;
+    OdSmartPtr<OdDbAttributeDefinition> definition =
+        OdDbAttributeDefinition::cast(recorded->id.openObject(OdDb::kForRead).get());
+    if (definition.isNull()) continue;
+
+    auto writable = [&]() {
+      if (!attribute->isWriteEnabled()) attribute->upgradeOpen();
+      return attribute.get();
+    };
+    if (attribute->visibility() != definition->visibility())
+      writable()->setVisibility(definition->visibility());
+    if (attribute->lockPositionInBlock() != definition->lockPositionInBlock())
+      writable()->setLockPositionInBlock(definition->lockPositionInBlock());
+
+    const OdGePoint3d position = transformed(recorded->position, xform);
+    const OdGePoint3d alignment = transformed(recorded->alignmentPoint, xform);
+    OdGePoint3d newPosition = position, newAlignment = alignment;
+    bool move = false;
+    if (fromBefore) {
+      // The definition moved in the evaluation: the attribute follows it.
+      newPosition = transformed(definition->position(), xform);
+      newAlignment = transformed(definition->alignmentPoint(), xform);
+      move = !newPosition.isEqualTo(position) || !newAlignment.isEqualTo(alignment);
+    } else {
+      move = !attribute->position().isEqualTo(position) ||
+             !attribute->alignmentPoint().isEqualTo(alignment);
+    }
+    if (move) {
+      writable()->setPosition(newPosition);
+      writable()->setAlignmentPoint(newAlignment);
+    }
+  }
 }
 
 OdDbObjectId CJbDbCustBlockGraph::GetBlockDefinitionId() const {
