@@ -31,6 +31,22 @@
 #include "platform/db/OdDbXrecord.h"
 #include "platform/db/OdRxEvent.h"
 #include "platform/db/OdRxEventReactor.h"
+#include "platform/db/entities/OdDb2dPolyline.h"
+#include "platform/db/entities/OdDb2dVertex.h"
+#include "platform/db/entities/OdDb3dPolyline.h"
+#include "platform/db/entities/OdDb3dPolylineVertex.h"
+#include "platform/db/entities/OdDbArc.h"
+#include "platform/db/entities/OdDbCircle.h"
+#include "platform/db/entities/OdDbEllipse.h"
+#include "platform/db/entities/OdDbHatch.h"
+#include "platform/db/entities/OdDbLine.h"
+#include "platform/db/entities/OdDbMText.h"
+#include "platform/db/entities/OdDbPoint.h"
+#include "platform/db/entities/OdDbPolyline.h"
+#include "platform/db/entities/OdDbSequenceEnd.h"
+#include "platform/db/entities/OdDbSolid.h"
+#include "platform/db/entities/OdDbSpline.h"
+#include "platform/db/entities/OdDbText.h"
 #include "platform/host/OdEdCommand.h"
 #include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
@@ -77,6 +93,22 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdDbLayerTableRecord::rxInit, &OdDbLayerTableRecord::rxUninit},
     {&OdDbRegAppTableRecord::rxInit, &OdDbRegAppTableRecord::rxUninit},
     {&OdDbEntity::rxInit, &OdDbEntity::rxUninit},
+    {&OdDbLine::rxInit, &OdDbLine::rxUninit},
+    {&OdDbArc::rxInit, &OdDbArc::rxUninit},
+    {&OdDbCircle::rxInit, &OdDbCircle::rxUninit},
+    {&OdDbEllipse::rxInit, &OdDbEllipse::rxUninit},
+    {&OdDbPolyline::rxInit, &OdDbPolyline::rxUninit},
+    {&OdDb2dVertex::rxInit, &OdDb2dVertex::rxUninit},
+    {&OdDb2dPolyline::rxInit, &OdDb2dPolyline::rxUninit},
+    {&OdDb3dPolylineVertex::rxInit, &OdDb3dPolylineVertex::rxUninit},
+    {&OdDb3dPolyline::rxInit, &OdDb3dPolyline::rxUninit},
+    {&OdDbSequenceEnd::rxInit, &OdDbSequenceEnd::rxUninit},
+    {&OdDbSpline::rxInit, &OdDbSpline::rxUninit},
+    {&OdDbPoint::rxInit, &OdDbPoint::rxUninit},
+    {&OdDbText::rxInit, &OdDbText::rxUninit},
+    {&OdDbMText::rxInit, &OdDbMText::rxUninit},
+    {&OdDbSolid::rxInit, &OdDbSolid::rxUninit},
+    {&OdDbHatch::rxInit, &OdDbHatch::rxUninit},
     {&OdDbBlockReference::rxInit, &OdDbBlockReference::rxUninit},
     {&OdDbAttributeBase::rxInit, &OdDbAttributeBase::rxUninit},
     {&OdDbAttributeDefinition::rxInit, &OdDbAttributeDefinition::rxUninit},

@@ -1,0 +1,79 @@
+// An old-style 2-D polyline: it owns its vertices (OdDb2dVertex, positions in its object
+// coordinates) and the sequence end that closes their list. The vertices are filed with it in
+// DWG; in DXF they follow it as VERTEX records and a SEQEND, which the file layer writes from
+// vertexAt and sequenceEnd and hands back through appendVertex.
+#pragma once
+
+#include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/OdDb2dVertex.h"
+#include "platform/db/entities/OdDbSequenceEnd.h"
+
+class OdDb2dPolyline : public OdDbEntity {
+  ODRX_DECLARE_MEMBERS(OdDb2dPolyline);
+
+ public:
+  enum PolyType {
+    kSimplePoly = 0,
+    kFitCurvePoly = 1,
+    kQuadSplinePoly = 2,
+    kCubicSplinePoly = 3,
+  };
+
+  OdDb2dPolyline();
+
+  // Takes the vertex into the polyline; a null vertex raises eNullPtr.
+  void appendVertex(const OdDb2dVertexPtr& vertex);
+  unsigned int numVerts() const;
+  // An index past the end raises eInvalidIndex.
+  OdDb2dVertexPtr vertexAt(unsigned int index) const;
+  OdDbSequenceEndPtr sequenceEnd() const;
+  // The vertex in world coordinates.
+  OdGePoint3d vertexPosition(unsigned int index) const;
+
+  PolyType polyType() const;
+  void setPolyType(PolyType type);
+  bool isClosed() const;
+  void setClosed(bool closed);
+  double defaultStartWidth() const;
+  void setDefaultStartWidth(double width);
+  double defaultEndWidth() const;
+  void setDefaultEndWidth(double width);
+  double elevation() const;
+  void setElevation(double elevation);
+  double thickness() const;
+  void setThickness(double thickness);
+  OdGeVector3d normal() const;
+  void setNormal(const OdGeVector3d& normal);
+
+  // As the lightweight polyline: a mirror negates bulges; a non-uniform scale with bulges gives
+  // eCannotScaleNonUniformly, and getTransformedCopy the exact spline instead.
+  OdResult transformBy(const OdGeMatrix3d& matrix) override;
+  OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
+  // Stretch and grip points: the vertices, in world coordinates.
+  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
+  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGripPoints(OdGePoint3dArray& points) const override;
+  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+  OdResult dwgInFields(OdDbDwgFiler* filer) override;
+  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  OdResult dxfInFields(OdDbDxfFiler* filer) override;
+  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ private:
+  bool hasBulges() const;
+  void path(std::vector<OdGePoint2d>& points, std::vector<double>& bulges) const;
+
+  OdArray<OdDb2dVertexPtr> m_vertices;
+  OdDbSequenceEndPtr m_sequenceEnd;
+  PolyType m_type = kSimplePoly;
+  bool m_closed = false;
+  bool m_plinegen = false;
+  double m_defaultStartWidth = 0.0;
+  double m_defaultEndWidth = 0.0;
+  double m_elevation = 0.0;
+  double m_thickness = 0.0;
+  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
+};
+using OdDb2dPolylinePtr = OdSmartPtr<OdDb2dPolyline>;

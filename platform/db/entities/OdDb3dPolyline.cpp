@@ -1,0 +1,169 @@
+#include "platform/db/entities/OdDb3dPolyline.h"
+
+#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/entities/EntityFiling.h"
+#include "platform/rx/OdRxClass.h"
+
+ODRX_DXF_DEFINE_MEMBERS(OdDb3dPolyline, OdDbEntity, "POLYLINE", "", 0)
+
+namespace {
+constexpr int kClosedFlag = 1;
+constexpr int kSplineFitFlag = 4;
+constexpr int k3dPolylineFlag = 8;
+constexpr int kQuadraticCurve = 5;
+constexpr int kCubicCurve = 6;
+}  // namespace
+
+OdDb3dPolyline::OdDb3dPolyline() : m_sequenceEnd(OdDbSequenceEnd::createObject()) {}
+
+void OdDb3dPolyline::appendVertex(const OdDb3dPolylineVertexPtr& vertex) {
+  if (vertex.isNull()) throw OdError(eNullPtr, "OdDb3dPolyline::appendVertex: null vertex");
+  assertWriteEnabled();
+  m_vertices.append(vertex);
+}
+
+unsigned int OdDb3dPolyline::numVerts() const {
+  assertReadEnabled();
+  return m_vertices.length();
+}
+
+OdDb3dPolylineVertexPtr OdDb3dPolyline::vertexAt(unsigned int index) const {
+  assertReadEnabled();
+  if (index >= m_vertices.length())
+    throw OdError(eInvalidIndex, "OdDb3dPolyline::vertexAt: index past the last vertex");
+  return m_vertices[index];
+}
+
+OdDbSequenceEndPtr OdDb3dPolyline::sequenceEnd() const {
+  assertReadEnabled();
+  return m_sequenceEnd;
+}
+
+OdDb3dPolyline::PolyType OdDb3dPolyline::polyType() const {
+  assertReadEnabled();
+  return m_type;
+}
+
+void OdDb3dPolyline::setPolyType(PolyType type) {
+  assertWriteEnabled();
+  m_type = type;
+}
+
+bool OdDb3dPolyline::isClosed() const {
+  assertReadEnabled();
+  return m_closed;
+}
+
+void OdDb3dPolyline::setClosed(bool closed) {
+  assertWriteEnabled();
+  m_closed = closed;
+}
+
+OdResult OdDb3dPolyline::transformBy(const OdGeMatrix3d& matrix) {
+  assertWriteEnabled();
+  if (matrix.isSingular()) return eDegenerateGeometry;
+  for (const OdDb3dPolylineVertexPtr& vertex : m_vertices)
+    vertex->transformBy(matrix);
+  return eOk;
+}
+
+OdResult OdDb3dPolyline::getStretchPoints(OdGePoint3dArray& points) const {
+  assertReadEnabled();
+  for (const OdDb3dPolylineVertexPtr& vertex : m_vertices)
+    points.append(vertex->position());
+  return eOk;
+}
+
+OdResult OdDb3dPolyline::moveStretchPointsAt(const OdIntArray& indices,
+                                             const OdGeVector3d& offset) {
+  assertWriteEnabled();
+  for (int index : indices) {
+    if (index < 0 || static_cast<unsigned int>(index) >= m_vertices.length()) continue;
+    const OdDb3dPolylineVertexPtr& vertex = m_vertices[index];
+    vertex->setPosition(vertex->position() + offset);
+  }
+  return eOk;
+}
+
+OdResult OdDb3dPolyline::getGripPoints(OdGePoint3dArray& points) const {
+  return getStretchPoints(points);
+}
+
+OdResult OdDb3dPolyline::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+  return moveStretchPointsAt(indices, offset);
+}
+
+OdResult OdDb3dPolyline::getGeomExtents(OdGeExtents3d& extents) const {
+  assertReadEnabled();
+  extents = OdGeExtents3d();
+  for (const OdDb3dPolylineVertexPtr& vertex : m_vertices)
+    extents.addPoint(vertex->position());
+  return m_vertices.isEmpty() ? eInvalidExtents : eOk;
+}
+
+OdResult OdDb3dPolyline::dwgInFields(OdDbDwgFiler* filer) {
+  OdResult res = OdDbEntity::dwgInFields(filer);
+  if (res != eOk) return res;
+  const int type = filer->rdInt16();
+  if (type < kSimplePoly || type > kCubicSplinePoly) return eDwgObjectImproperlyRead;
+  m_type = static_cast<PolyType>(type);
+  m_closed = filer->rdBool();
+  const int count = filer->rdInt32();
+  if (count < 0) return eDwgObjectImproperlyRead;
+  m_vertices.clear();
+  for (int i = 0; i < count; ++i) {
+    OdDb3dPolylineVertexPtr vertex = OdDb3dPolylineVertex::createObject();
+    res = vertex->dwgInFields(filer);
+    if (res != eOk) return res;
+    m_vertices.append(vertex);
+  }
+  return m_sequenceEnd->dwgInFields(filer);
+}
+
+void OdDb3dPolyline::dwgOutFields(OdDbDwgFiler* filer) const {
+  OdDbEntity::dwgOutFields(filer);
+  filer->wrInt16(static_cast<int16_t>(m_type));
+  filer->wrBool(m_closed);
+  filer->wrInt32(static_cast<int32_t>(m_vertices.length()));
+  for (const OdDb3dPolylineVertexPtr& vertex : m_vertices)
+    vertex->dwgOutFields(filer);
+  m_sequenceEnd->dwgOutFields(filer);
+}
+
+OdResult OdDb3dPolyline::dxfInFields(OdDbDxfFiler* filer) {
+  const OdResult res = OdDbEntity::dxfInFields(filer);
+  if (res != eOk) return res;
+  EntityFiling::requireSubclass(filer, this, "AcDb3dPolyline");
+  int flags = 0;
+  int curveType = 0;
+  while (!filer->atEOF() && !filer->atEndOfObject()) {
+    switch (filer->nextItem()) {
+      case 70:
+        flags = filer->rdInt16();
+        break;
+      case 75:
+        curveType = filer->rdInt16();
+        break;
+      default:
+        break;
+    }
+  }
+  m_closed = (flags & kClosedFlag) != 0;
+  m_type = kSimplePoly;
+  if (flags & kSplineFitFlag)
+    m_type = curveType == kQuadraticCurve ? kQuadSplinePoly : kCubicSplinePoly;
+  return filer->filerStatus();
+}
+
+void OdDb3dPolyline::dxfOutFields(OdDbDxfFiler* filer) const {
+  OdDbEntity::dxfOutFields(filer);
+  filer->wrSubclassMarker("AcDb3dPolyline");
+  filer->wrInt16(66, 1);
+  filer->wrPoint3d(10, OdGePoint3d::kOrigin);
+  const int flags =
+      k3dPolylineFlag | (m_closed ? kClosedFlag : 0) | (m_type != kSimplePoly ? kSplineFitFlag : 0);
+  filer->wrInt16(70, static_cast<int16_t>(flags));
+  if (m_type == kQuadSplinePoly) filer->wrInt16(75, kQuadraticCurve);
+  if (m_type == kCubicSplinePoly) filer->wrInt16(75, kCubicCurve);
+}

@@ -1,0 +1,58 @@
+// A circular arc: centre, radius and the counter-clockwise sweep from the start to the end angle,
+// measured in the object coordinate system of its normal.
+#pragma once
+
+#include "platform/db/OdDbEntity.h"
+
+class OdDbArc : public OdDbEntity {
+  ODRX_DECLARE_MEMBERS(OdDbArc);
+
+ public:
+  OdDbArc() = default;
+
+  OdGePoint3d center() const;
+  void setCenter(const OdGePoint3d& center);
+  double radius() const;
+  // A radius that is not positive raises eInvalidInput.
+  void setRadius(double radius);
+  // Angles are stored normalised into [0, 2*pi).
+  double startAngle() const;
+  void setStartAngle(double angle);
+  double endAngle() const;
+  void setEndAngle(double angle);
+  double thickness() const;
+  void setThickness(double thickness);
+  OdGeVector3d normal() const;
+  void setNormal(const OdGeVector3d& normal);
+  OdGePoint3d startPoint() const;
+  OdGePoint3d endPoint() const;
+
+  // Similarities only (eCannotScaleNonUniformly otherwise; getTransformedCopy then makes an
+  // elliptical arc). A mirror keeps the arc counter-clockwise: its ends swap.
+  OdResult transformBy(const OdGeMatrix3d& matrix) override;
+  OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
+  // Stretch points: start (0) and end (1). Moving one end keeps the included angle, so the arc
+  // stays the same arc a polyline segment with that bulge would; moving both moves the arc.
+  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
+  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  // Grips: start (0), end (1) as for stretching, and the centre (2), which moves the arc.
+  OdResult getGripPoints(OdGePoint3dArray& points) const override;
+  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+  OdResult dwgInFields(OdDbDwgFiler* filer) override;
+  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  OdResult dxfInFields(OdDbDxfFiler* filer) override;
+  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ private:
+  double sweep() const;
+
+  OdGePoint3d m_center;
+  double m_radius = 1.0;
+  double m_startAngle = 0.0;
+  double m_endAngle = 0.0;
+  double m_thickness = 0.0;
+  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
+};
+using OdDbArcPtr = OdSmartPtr<OdDbArc>;

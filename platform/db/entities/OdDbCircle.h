@@ -1,0 +1,45 @@
+// A full circle in the plane of its normal, centre in world coordinates.
+#pragma once
+
+#include "platform/db/OdDbEntity.h"
+
+class OdDbCircle : public OdDbEntity {
+  ODRX_DECLARE_MEMBERS(OdDbCircle);
+
+ public:
+  OdDbCircle() = default;
+
+  OdGePoint3d center() const;
+  void setCenter(const OdGePoint3d& center);
+  double radius() const;
+  // A radius that is not positive raises eInvalidInput.
+  void setRadius(double radius);
+  double thickness() const;
+  void setThickness(double thickness);
+  OdGeVector3d normal() const;
+  void setNormal(const OdGeVector3d& normal);
+
+  // Similarities only: a scale that differs within the circle's plane gives
+  // eCannotScaleNonUniformly (getTransformedCopy makes the ellipse instead).
+  OdResult transformBy(const OdGeMatrix3d& matrix) override;
+  OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
+  // No stretch points: a circle is never reshaped by a stretch, only moved whole.
+  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
+  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  // Grips: centre (0, moves the circle) and the four quadrant points (1-4, change the radius).
+  OdResult getGripPoints(OdGePoint3dArray& points) const override;
+  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+  OdResult dwgInFields(OdDbDwgFiler* filer) override;
+  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  OdResult dxfInFields(OdDbDxfFiler* filer) override;
+  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ private:
+  OdGePoint3d m_center;
+  double m_radius = 1.0;
+  double m_thickness = 0.0;
+  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
+};
+using OdDbCirclePtr = OdSmartPtr<OdDbCircle>;

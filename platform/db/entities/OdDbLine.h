@@ -1,0 +1,42 @@
+// A straight segment between two world points, optionally extruded along its normal.
+#pragma once
+
+#include "platform/db/OdDbEntity.h"
+
+class OdDbLine : public OdDbEntity {
+  ODRX_DECLARE_MEMBERS(OdDbLine);
+
+ public:
+  OdDbLine() = default;
+
+  OdGePoint3d startPoint() const;
+  void setStartPoint(const OdGePoint3d& point);
+  OdGePoint3d endPoint() const;
+  void setEndPoint(const OdGePoint3d& point);
+  double thickness() const;
+  void setThickness(double thickness);
+  OdGeVector3d normal() const;
+  // A zero normal raises eInvalidInput.
+  void setNormal(const OdGeVector3d& normal);
+
+  OdResult transformBy(const OdGeMatrix3d& matrix) override;
+  // Stretch points: start (0) and end (1).
+  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
+  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  // Grips: start (0), midpoint (1, moves the whole line) and end (2).
+  OdResult getGripPoints(OdGePoint3dArray& points) const override;
+  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+  OdResult dwgInFields(OdDbDwgFiler* filer) override;
+  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  OdResult dxfInFields(OdDbDxfFiler* filer) override;
+  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ private:
+  OdGePoint3d m_start;
+  OdGePoint3d m_end;
+  double m_thickness = 0.0;
+  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
+};
+using OdDbLinePtr = OdSmartPtr<OdDbLine>;

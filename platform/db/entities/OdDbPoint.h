@@ -1,0 +1,41 @@
+// A point marker at a world position.
+#pragma once
+
+#include "platform/db/OdDbEntity.h"
+
+class OdDbPoint : public OdDbEntity {
+  ODRX_DECLARE_MEMBERS(OdDbPoint);
+
+ public:
+  OdDbPoint() = default;
+
+  OdGePoint3d position() const;
+  void setPosition(const OdGePoint3d& position);
+  double thickness() const;
+  void setThickness(double thickness);
+  OdGeVector3d normal() const;
+  void setNormal(const OdGeVector3d& normal);
+  // The angle of the marker's X axis in its object coordinate system.
+  double ecsRotation() const;
+  void setEcsRotation(double angle);
+
+  OdResult transformBy(const OdGeMatrix3d& matrix) override;
+  // Stretch and grip point: the position (0).
+  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
+  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGripPoints(OdGePoint3dArray& points) const override;
+  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+  OdResult dwgInFields(OdDbDwgFiler* filer) override;
+  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  OdResult dxfInFields(OdDbDxfFiler* filer) override;
+  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ private:
+  OdGePoint3d m_position;
+  double m_thickness = 0.0;
+  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
+  double m_ecsRotation = 0.0;
+};
+using OdDbPointPtr = OdSmartPtr<OdDbPoint>;

@@ -1,0 +1,40 @@
+// A filled 2-D solid (also the shape of a trace): four corners in the plane of its normal; the
+// third and fourth corners are joined crosswise, as drawing files define it, and a triangle
+// repeats its third corner.
+#pragma once
+
+#include "platform/db/OdDbEntity.h"
+
+class OdDbSolid : public OdDbEntity {
+  ODRX_DECLARE_MEMBERS(OdDbSolid);
+
+ public:
+  OdDbSolid() = default;
+
+  // Corners 0 to 3 in world coordinates; another index raises eInvalidIndex.
+  OdGePoint3d getPointAt(int index) const;
+  void setPointAt(int index, const OdGePoint3d& point);
+  double thickness() const;
+  void setThickness(double thickness);
+  OdGeVector3d normal() const;
+  void setNormal(const OdGeVector3d& normal);
+
+  OdResult transformBy(const OdGeMatrix3d& matrix) override;
+  // Stretch and grip points: the four corners.
+  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
+  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGripPoints(OdGePoint3dArray& points) const override;
+  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+  OdResult dwgInFields(OdDbDwgFiler* filer) override;
+  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  OdResult dxfInFields(OdDbDxfFiler* filer) override;
+  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ private:
+  OdGePoint3d m_corners[4];
+  double m_thickness = 0.0;
+  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
+};
+using OdDbSolidPtr = OdSmartPtr<OdDbSolid>;

@@ -1,0 +1,94 @@
+// A single line of text: the insertion point, a second alignment point for every justification
+// other than left/baseline, height, rotation, width factor, slant, style and mirror flags.
+// Attribute definitions and attributes share this geometry by deriving from it.
+#pragma once
+
+#include "platform/db/OdDbAttributeBase.h"
+#include "platform/db/OdDbEntity.h"
+
+class OdDbText : public OdDbEntity {
+  ODRX_DECLARE_MEMBERS(OdDbText);
+
+ public:
+  OdDbText() = default;
+
+  OdGePoint3d position() const;
+  void setPosition(const OdGePoint3d& position);
+  // The anchor of justified text (and the baseline end of aligned and fitted text).
+  OdGePoint3d alignmentPoint() const;
+  void setAlignmentPoint(const OdGePoint3d& point);
+  // True for every justification but left/baseline: the alignment point is then in use.
+  bool isJustified() const;
+  OdString textString() const;
+  void setTextString(const OdString& text);
+  OdString styleName() const;
+  void setStyleName(const OdString& name);
+  double height() const;
+  // A height that is not positive raises eInvalidInput.
+  void setHeight(double height);
+  double rotation() const;
+  void setRotation(double angle);
+  double widthFactor() const;
+  // A factor that is not positive raises eInvalidInput.
+  void setWidthFactor(double factor);
+  double oblique() const;
+  void setOblique(double angle);
+  OdDb::TextHorzMode horizontalMode() const;
+  void setHorizontalMode(OdDb::TextHorzMode mode);
+  OdDb::TextVertMode verticalMode() const;
+  void setVerticalMode(OdDb::TextVertMode mode);
+  bool isMirroredInX() const;
+  void mirrorInX(bool mirrored);
+  bool isMirroredInY() const;
+  void mirrorInY(bool mirrored);
+  double thickness() const;
+  void setThickness(double thickness);
+  OdGeVector3d normal() const;
+  void setNormal(const OdGeVector3d& normal);
+
+  // Similarities only (eCannotScaleNonUniformly otherwise, also from getTransformedCopy). A
+  // mirror keeps the text readable: both points are mirrored and the rotation is the mirrored
+  // direction or its reverse, whichever reads left to right (aligned and fitted text then swap
+  // their two points so the baseline still runs from the first to the second).
+  OdResult transformBy(const OdGeMatrix3d& matrix) override;
+  OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
+  // Stretch points: the insertion point (0) and, for justified text, the alignment point (1).
+  // Aligned and fitted text move each point on its own; other justified text is anchored at the
+  // alignment point and moves whole whichever point is stretched.
+  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
+  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult getGripPoints(OdGePoint3dArray& points) const override;
+  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  // An estimate without font metrics: each character advances 0.8 of the height times the
+  // width factor, the box runs from the baseline to one height above it, slanted by the oblique
+  // angle and placed by the justification.
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+  OdResult dwgInFields(OdDbDwgFiler* filer) override;
+  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  OdResult dxfInFields(OdDbDxfFiler* filer) override;
+  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ protected:
+  // The data of the first text subclass, after its marker and up to the next marker: attribute
+  // kinds file it the same way and add the vertical mode in their own subclass.
+  void dxfOutTextBody(OdDbDxfFiler* filer) const;
+  OdResult dxfInTextBody(OdDbDxfFiler* filer);
+
+ private:
+  OdGePoint3d m_position;
+  OdGePoint3d m_alignment;
+  OdString m_text;
+  OdString m_style = "Standard";
+  double m_height = 1.0;
+  double m_rotation = 0.0;
+  double m_widthFactor = 1.0;
+  double m_oblique = 0.0;
+  OdDb::TextHorzMode m_horizontal = OdDb::kTextLeft;
+  OdDb::TextVertMode m_vertical = OdDb::kTextBase;
+  bool m_mirroredX = false;
+  bool m_mirroredY = false;
+  double m_thickness = 0.0;
+  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
+};
+using OdDbTextPtr = OdSmartPtr<OdDbText>;

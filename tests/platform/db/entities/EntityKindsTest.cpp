@@ -1,0 +1,93 @@
+// Behaviour every entity kind shares: registration under its DXF name, DWG and DXF filing of all
+// its fields, translation, stretching of all points and refusal of singular matrices.
+#include <gtest/gtest.h>
+
+#include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/rx/OdRxClass.h"
+#include "tests/platform/db/entities/EntitySamples.h"
+#include "tests/platform/db/entities/EntityTestSupport.h"
+
+namespace {
+class EntityKindTest : public ::testing::TestWithParam<EntitySample> {
+ protected:
+  OdDbEntityPtr make() const { return GetParam().make(); }
+  OdDbEntityPtr blank() const {
+    return OdDbEntityPtr(OdDbEntity::cast(make()->isA()->create().get()));
+  }
+};
+
+TEST_P(EntityKindTest, IsRegisteredUnderItsDxfName) {
+  OdDbEntityPtr entity = make();
+  ASSERT_NE(entity->isA(), nullptr);
+  EXPECT_EQ(entity->isA()->dxfName(), GetParam().dxfName);
+  EXPECT_TRUE(entity->isKindOf(OdDbEntity::desc()));
+}
+
+TEST_P(EntityKindTest, FilesEveryFieldThroughDwgAndDxf) {
+  OdDbEntityPtr original = make();
+
+  OdDbMemoryDwgFilerPtr dwg = OdDbMemoryDwgFiler::createObject(nullptr, OdDb::kCopyFiler);
+  original->dwgOutFields(dwg.get());
+  dwg->seek(0, OdDb::kSeekFromStart);
+  OdDbEntityPtr fromDwg = blank();
+  ASSERT_EQ(fromDwg->dwgInFields(dwg.get()), eOk);
+  EXPECT_EQ(dwg->tell(), dwg->length()) << "read and write disagree on the record's size";
+  EXPECT_TRUE(sameDxf(original.get(), fromDwg.get()));
+  EXPECT_TRUE(sameDxf(original.get(), OdDbEntity::cast(original->clone().get()).get()));
+
+  OdDbResBufDxfFilerPtr out = OdDbResBufDxfFiler::createObject(nullptr);
+  original->dxfOutFields(out.get());
+  OdDbResBufDxfFilerPtr in = OdDbResBufDxfFiler::createObject(nullptr, out->items());
+  OdDbEntityPtr fromDxf = blank();
+  ASSERT_EQ(fromDxf->dxfInFields(in.get()), eOk);
+  EXPECT_TRUE(in->atEOF());
+  EXPECT_TRUE(sameDxf(original.get(), fromDxf.get()));
+}
+
+TEST_P(EntityKindTest, TranslationMovesStretchPointsAndExtents) {
+  OdDbEntityPtr entity = make();
+  const OdGeVector3d shift(3.0, -7.0, 2.0);
+  OdGePoint3dArray before;
+  OdGePoint3dArray after;
+  OdGeExtents3d boxBefore;
+  OdGeExtents3d boxAfter;
+  ASSERT_EQ(entity->getStretchPoints(before), eOk);
+  ASSERT_EQ(entity->getGeomExtents(boxBefore), eOk);
+  ASSERT_EQ(entity->transformBy(OdGeMatrix3d::translation(shift)), eOk);
+  entity->getStretchPoints(after);
+  entity->getGeomExtents(boxAfter);
+  ASSERT_EQ(before.length(), after.length());
+  for (unsigned int i = 0; i < before.length(); ++i)
+    EXPECT_TRUE(isNear(after[i], before[i] + shift, 1e-8)) << "stretch point " << i;
+  EXPECT_TRUE(isNear(boxAfter.minPoint(), boxBefore.minPoint() + shift, 1e-8));
+  EXPECT_TRUE(isNear(boxAfter.maxPoint(), boxBefore.maxPoint() + shift, 1e-8));
+}
+
+TEST_P(EntityKindTest, StretchingEveryPointMovesTheWholeEntity) {
+  OdDbEntityPtr stretched = make();
+  OdDbEntityPtr moved = make();
+  const OdGeVector3d shift(2.0, 1.0, 0.0);
+  OdGePoint3dArray points;
+  stretched->getStretchPoints(points);
+  OdIntArray all;
+  for (unsigned int i = 0; i < points.length(); ++i)
+    all.append(static_cast<int>(i));
+  ASSERT_EQ(stretched->moveStretchPointsAt(all, shift), eOk);
+  ASSERT_EQ(moved->transformBy(OdGeMatrix3d::translation(shift)), eOk);
+  if (points.isEmpty()) {
+    EXPECT_TRUE(sameDxf(stretched.get(), make().get())) << "nothing to stretch, nothing moves";
+  } else {
+    EXPECT_TRUE(sameDxf(stretched.get(), moved.get()));
+  }
+}
+
+TEST_P(EntityKindTest, SingularMatrixIsRefusedAndChangesNothing) {
+  OdDbEntityPtr entity = make();
+  const OdGeMatrix3d flatten = OdGeMatrix3d::scaling(OdGeScale3d(1.0, 1.0, 0.0));
+  EXPECT_NE(entity->transformBy(flatten), eOk);
+  EXPECT_TRUE(sameDxf(entity.get(), make().get()));
+}
+
+INSTANTIATE_TEST_SUITE_P(AllKinds, EntityKindTest, ::testing::ValuesIn(entitySamples()),
+                         [](const auto& info) { return info.param.name; });
+}  // namespace
