@@ -183,13 +183,15 @@ bool OdDbObject::isErased() const {
 
 void OdDbObject::setOwnerId(OdDbObjectId ownerId) {
   if (ownerId == m_ownerId) return;
-  assertWriteEnabled();
+  // Checked before write access is asserted, which marks the object modified.
+  if (m_stub && m_mode != OdDb::kForWrite) throwOpenState(eNotOpenForWrite);
   if (m_stub && !ownerId.isNull() && ownerId.database() != m_stub->database())
     throw OdError(eWrongDatabase, describe().str() + ": the owner " +
                                       ownerId.getHandle().ascii().str() +
                                       " belongs to another database");
   if (ownerId == objectId() && !ownerId.isNull())
     throw OdError(eSelfReference, describe().str() + " cannot own itself");
+  assertWriteEnabled();
   m_ownerId = ownerId;
 }
 
@@ -575,10 +577,15 @@ OdResult OdDbObject::dxfIn(OdDbDxfFiler* filer) {
   // Whatever follows the fields up to the next object is extended data.
   OdResBufPtr head;
   OdResBuf* tail = nullptr;
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
+  // atEndOfObject stops at 1001 too: only the next object (0) ends the extended data.
+  while (!filer->atEOF()) {
     OdResBufPtr item;
     filer->nextRb(item);
     if (item.isNull()) break;
+    if (item->restype() == 0) {
+      filer->pushBackItem();
+      break;
+    }
     if (head.isNull() && item->restype() != 1001)
       throw OdError(eBadDxfSequence,
                     describe().str() + ": group code " + std::to_string(item->restype()) + " at " +

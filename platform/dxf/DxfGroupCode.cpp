@@ -1,48 +1,58 @@
-// Group-code ranges of the DXF format.
+// Group-code kinds of the DXF format, derived from the result-buffer code table so that a code can
+// never mean one thing in memory and another in a file.
 #include "platform/dxf/DxfGroupCode.h"
 
+#include <array>
+
+#include "platform/resbuf/OdDxfCode.h"
+
+namespace {
+// Codes 0-1071 cover every code a DXF file may hold; negative codes and the 5000 range are
+// in-memory result types only.
+constexpr int kLastFileCode = 1071;
+
+DxfValueKind fileKind(int code) {
+  switch (OdDxfCode::_getType(code)) {
+    case OdDxfCode::String:
+      return DxfValueKind::kString;
+    case OdDxfCode::Bool:
+      return DxfValueKind::kBool;
+    case OdDxfCode::Integer16:
+      return DxfValueKind::kInt16;
+    case OdDxfCode::Integer32:
+      return DxfValueKind::kInt32;
+    case OdDxfCode::Integer64:
+      return DxfValueKind::kInt64;
+    case OdDxfCode::Double:
+    case OdDxfCode::Point:  // each coordinate is a double tag of its own in a file
+      return DxfValueKind::kDouble;
+    case OdDxfCode::BinaryChunk:
+      return DxfValueKind::kBinary;
+    case OdDxfCode::Handle:
+    case OdDxfCode::ObjectId:
+    case OdDxfCode::SoftPointerId:
+    case OdDxfCode::HardPointerId:
+    case OdDxfCode::SoftOwnershipId:
+    case OdDxfCode::HardOwnershipId:
+      return DxfValueKind::kHandle;
+    case OdDxfCode::Unknown:
+      break;
+  }
+  return DxfValueKind::kInvalid;
+}
+
+std::array<DxfValueKind, kLastFileCode + 1> buildTable() {
+  std::array<DxfValueKind, kLastFileCode + 1> table{};
+  for (int code = 0; code <= kLastFileCode; ++code)
+    table[static_cast<std::size_t>(code)] = fileKind(code);
+  return table;
+}
+}  // namespace
+
 DxfValueKind DxfGroupCode::kindOf(int code) noexcept {
-  using K = DxfValueKind;
-  if (code < 0) return K::kInvalid;
-  if (code <= 9) return K::kString;
-  if (code <= 59) return K::kDouble;  // 10-39 coordinates, 40-59 scalars
-  if (code <= 79) return K::kInt16;
-  if (code <= 89) return K::kInvalid;
-  if (code <= 99) return K::kInt32;
-  if (code <= 102) return K::kString;  // subclass markers, embedded objects, control strings
-  if (code == 105) return K::kHandle;
-  if (code <= 109) return K::kInvalid;
-  if (code <= 149) return K::kDouble;
-  if (code <= 159) return K::kInvalid;
-  if (code <= 169) return K::kInt64;
-  if (code <= 179) return K::kInt16;
-  if (code <= 209) return K::kInvalid;
-  if (code <= 239) return K::kDouble;
-  if (code <= 269) return K::kInvalid;
-  if (code <= 289) return K::kInt16;
-  if (code <= 299) return K::kBool;
-  if (code <= 309) return K::kString;
-  if (code <= 319) return K::kBinary;
-  if (code <= 369) return K::kHandle;  // 320-329 handles, 330-369 object ids
-  if (code <= 389) return K::kInt16;   // lineweights, plot-style kinds
-  if (code <= 399) return K::kHandle;
-  if (code <= 409) return K::kInt16;
-  if (code <= 419) return K::kString;
-  if (code <= 429) return K::kInt32;  // true colours
-  if (code <= 439) return K::kString;
-  if (code <= 459) return K::kInt32;
-  if (code <= 469) return K::kDouble;
-  if (code <= 479) return K::kString;
-  if (code <= 481) return K::kHandle;
-  if (code == 999) return K::kString;
-  if (code < 1000) return K::kInvalid;
-  if (code == 1004) return K::kBinary;
-  if (code == 1005) return K::kHandle;
-  if (code <= 1009) return K::kString;
-  if (code <= 1059) return K::kDouble;
-  if (code <= 1070) return K::kInt16;
-  if (code == 1071) return K::kInt32;
-  return K::kInvalid;
+  static const std::array<DxfValueKind, kLastFileCode + 1> kTable = buildTable();
+  if (code < 0 || code > kLastFileCode) return DxfValueKind::kInvalid;
+  return kTable[static_cast<std::size_t>(code)];
 }
 
 const char* DxfGroupCode::kindName(DxfValueKind kind) noexcept {

@@ -1,4 +1,5 @@
-// What kind of value a DXF group code carries: the one place that maps code ranges to types.
+// What kind of value a DXF group code carries in a file, derived from the one code table
+// (OdDxfCode) that result buffers use too.
 #pragma once
 
 enum class DxfValueKind {

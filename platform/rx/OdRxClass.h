@@ -58,40 +58,55 @@ OdRxClass* newOdRxClass(const OdString& name, OdRxClass* parent,
 // Unregisters a class; eHasDependents while any registered class derives from it.
 void deleteOdRxClass(OdRxClass* cls);
 
-// Defines the members declared by ODRX_DECLARE_MEMBERS. The class object lives from rxInit to
-// rxUninit; before and after, desc() is null and casts to the class fail.
-#define ODRX_DEFINE_MEMBERS_EX(ClassName, ParentClass, Constructor, DwgVersion, MaintVersion,    \
-                               ProxyFlags, DxfName, AppName)                                     \
-  static OdRxClass* g_##ClassName##_desc = nullptr;                                              \
-  OdRxClass* ClassName::desc() { return g_##ClassName##_desc; }                                  \
-  OdRxClass* ClassName::isA() const { return g_##ClassName##_desc; }                             \
-  OdSmartPtr<ClassName> ClassName::cast(const OdRxObject* p) {                                   \
-    if (!p || !p->isKindOf(g_##ClassName##_desc)) return OdSmartPtr<ClassName>();                \
-    return OdSmartPtr<ClassName>(static_cast<const ClassName*>(p));                              \
-  }                                                                                              \
-  OdSmartPtr<ClassName> ClassName::createObject() {                                              \
-    OdRxObjectPtr made = Constructor();                                                          \
-    if (made.isNull()) throw OdError(eNotApplicable, #ClassName " is abstract");                 \
-    return OdSmartPtr<ClassName>(static_cast<ClassName*>(made.get()));                           \
-  }                                                                                              \
-  void ClassName::rxInit() {                                                                     \
-    if (g_##ClassName##_desc)                                                                    \
-      throw OdError(eAlreadyInitialized, #ClassName " is already registered");                   \
-    g_##ClassName##_desc = newOdRxClass(#ClassName, ParentClass::desc(), Constructor,            \
-                                        DwgVersion, MaintVersion, ProxyFlags, DxfName, AppName); \
-  }                                                                                              \
-  void ClassName::rxUninit() {                                                                   \
-    if (!g_##ClassName##_desc) return;                                                           \
-    deleteOdRxClass(g_##ClassName##_desc);                                                       \
-    g_##ClassName##_desc = nullptr;                                                              \
+// Defines the members declared by ODRX_DECLARE_MEMBERS, registering the class under
+// RegisteredName. The class object lives from rxInit to rxUninit; before and after, desc() is
+// null and casts to the class fail.
+#define ODRX_DEFINE_MEMBERS_NAMED(ClassName, RegisteredName, ParentClass, Constructor, DwgVersion, \
+                                  MaintVersion, ProxyFlags, DxfName, AppName)                      \
+  static OdRxClass* g_##ClassName##_desc = nullptr;                                                \
+  OdRxClass* ClassName::desc() {                                                                   \
+    return g_##ClassName##_desc;                                                                   \
+  }                                                                                                \
+  OdRxClass* ClassName::isA() const {                                                              \
+    return g_##ClassName##_desc;                                                                   \
+  }                                                                                                \
+  OdSmartPtr<ClassName> ClassName::cast(const OdRxObject* p) {                                     \
+    if (!p || !p->isKindOf(g_##ClassName##_desc)) return OdSmartPtr<ClassName>();                  \
+    return OdSmartPtr<ClassName>(static_cast<const ClassName*>(p));                                \
+  }                                                                                                \
+  OdSmartPtr<ClassName> ClassName::createObject() {                                                \
+    OdRxObjectPtr made = Constructor();                                                            \
+    if (made.isNull())                                                                             \
+      throw OdError(eNotApplicable, OdString(RegisteredName).str() + " is abstract");              \
+    return OdSmartPtr<ClassName>(static_cast<ClassName*>(made.get()));                             \
+  }                                                                                                \
+  void ClassName::rxInit() {                                                                       \
+    if (g_##ClassName##_desc)                                                                      \
+      throw OdError(eAlreadyInitialized,                                                           \
+                    OdString(RegisteredName).str() + " is already registered");                    \
+    g_##ClassName##_desc = newOdRxClass(RegisteredName, ParentClass::desc(), Constructor,          \
+                                        DwgVersion, MaintVersion, ProxyFlags, DxfName, AppName);   \
+  }                                                                                                \
+  void ClassName::rxUninit() {                                                                     \
+    if (!g_##ClassName##_desc) return;                                                             \
+    deleteOdRxClass(g_##ClassName##_desc);                                                         \
+    g_##ClassName##_desc = nullptr;                                                                \
   }
+
+// As ODRX_DEFINE_MEMBERS_NAMED, registered under the C++ class name.
+#define ODRX_DEFINE_MEMBERS_EX(ClassName, ParentClass, Constructor, DwgVersion, MaintVersion, \
+                               ProxyFlags, DxfName, AppName)                                  \
+  ODRX_DEFINE_MEMBERS_NAMED(ClassName, #ClassName, ParentClass, Constructor, DwgVersion,      \
+                            MaintVersion, ProxyFlags, DxfName, AppName)
 
 namespace odrx_detail {
 template <class T>
 OdRxObjectPtr construct() {
   return OdRxObjectPtr(new T());
 }
-inline OdRxObjectPtr constructNothing() { return OdRxObjectPtr(); }
+inline OdRxObjectPtr constructNothing() {
+  return OdRxObjectPtr();
+}
 }  // namespace odrx_detail
 
 // A concrete class without DXF identity.
@@ -101,6 +116,15 @@ inline OdRxObjectPtr constructNothing() { return OdRxObjectPtr(); }
 #define ODRX_NO_CONS_DEFINE_MEMBERS(ClassName, ParentClass) \
   ODRX_DEFINE_MEMBERS_EX(ClassName, ParentClass, odrx_detail::constructNothing, 0, 0, 0, "", "")
 // A concrete class filed in drawings under a DXF name.
-#define ODRX_DXF_DEFINE_MEMBERS(ClassName, ParentClass, DxfName, AppName, ProxyFlags)           \
+#define ODRX_DXF_DEFINE_MEMBERS(ClassName, ParentClass, DxfName, AppName, ProxyFlags)     \
   ODRX_DEFINE_MEMBERS_EX(ClassName, ParentClass, odrx_detail::construct<ClassName>, 0, 0, \
                          ProxyFlags, DxfName, AppName)
+
+// Variants for classes whose registered name differs from the C++ name (the module's classes
+// register without their leading C).
+#define ODRX_CONS_DEFINE_MEMBERS_NAMED(ClassName, RegisteredName, ParentClass) \
+  ODRX_DEFINE_MEMBERS_NAMED(ClassName, RegisteredName, ParentClass,            \
+                            odrx_detail::construct<ClassName>, 0, 0, 0, "", "")
+#define ODRX_NO_CONS_DEFINE_MEMBERS_NAMED(ClassName, RegisteredName, ParentClass)                  \
+  ODRX_DEFINE_MEMBERS_NAMED(ClassName, RegisteredName, ParentClass, odrx_detail::constructNothing, \
+                            0, 0, 0, "", "")

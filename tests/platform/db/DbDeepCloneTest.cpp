@@ -28,16 +28,6 @@ class RenamingReactor : public OdRxEventReactor {
   OdDbObjectId m_block;
 };
 
-OdResBufPtr chainOf(std::initializer_list<OdResBufPtr> items) {
-  OdResBufPtr head;
-  for (const OdResBufPtr& item : items) {
-    if (head.isNull())
-      head = item;
-    else
-      head->last()->setNext(item);
-  }
-  return head;
-}
 }  // namespace
 
 // A block "Part" with two entities; the first has an extension dictionary holding an xrecord

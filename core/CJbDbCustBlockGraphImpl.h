@@ -1,0 +1,56 @@
+// The data of an evaluation graph and the algorithms that only need that data: id allocation,
+// the work list of an evaluation and the evaluation order of a block definition.
+#pragma once
+
+#include <map>
+
+#include "core/CJbCustBlockElement.h"
+#include "platform/base/OdArray.h"
+#include "platform/db/OdDbObjectId.h"
+
+class CJbDbCustBlockGraphImpl {
+ public:
+  enum ChangeKind { kAppended = 0, kModified = 1, kRemoved = 2 };
+  struct ChangeRecord {
+    int kind;
+    int id;
+  };
+  // A node and the marks that the walks over the graph leave on it.
+  struct Node {
+    CJbCustBlockElementPtr element;
+    mutable unsigned visitMark = 0;
+    mutable unsigned selectMark = 0;
+  };
+  using NodeMap = std::map<int, Node>;
+
+  static constexpr int kCurrentMajorVersion = 0;
+  static constexpr int kCurrentMinorVersion = 7;
+
+  CJbCustBlockElement* NodeAt(int id) const;
+  void AllNodeIds(OdArray<int>& ids) const;
+
+  // The next free element id after the last one handed out, which it becomes.
+  int AllocateId();
+  // Elements that asked to be evaluated, in ascending id order, followed by everything
+  // downstream of them, breadth first.
+  OdArray<int> BuildWorkList() const;
+  // `ids` ordered upstream first, then stably by priority, higher first.
+  OdArray<int> OrderForDefinition(const OdArray<int>& ids) const;
+
+  void Log(ChangeKind kind, int id) { m_changeLog.append(ChangeRecord{kind, id}); }
+
+  NodeMap m_nodes;
+  // Grip ids in the user's cycling order; empty means ascending id order.
+  OdArray<int> m_cyclingOrder;
+  OdArray<ChangeRecord> m_changeLog;
+  int m_lastId = 0;
+  OdDbObjectId m_blockDefinitionId;
+  int m_majorVersion = kCurrentMajorVersion;
+  int m_minorVersion = kCurrentMinorVersion;
+
+ private:
+  // A fresh mark value, so that marks need no clearing between walks.
+  unsigned NextMark() const { return ++m_mark; }
+
+  mutable unsigned m_mark = 0;
+};
