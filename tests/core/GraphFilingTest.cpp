@@ -1,6 +1,6 @@
 // Graph records in DWG and DXF: round trips of several element kinds, elements of unknown classes
 // kept as proxies, records of older and newer format versions, records that do not read, and
-// copies of a whole graph.
+// copies of a whole graph, direct or by deep clone.
 #include <string>
 #include <vector>
 
@@ -351,4 +351,27 @@ TEST_F(GraphFilingTest, CloneEqualsItsSourceAndSharesNoElement) {
   CJbDbCustBlockGraphPtr old = CJbDbCustBlockGraph::createObject();
   ASSERT_EQ(readDwg(old.get(), oldRecord(0, 6)), eOk);
   EXPECT_TRUE(dwgOf(CJbDbCustBlockGraph::cast(old->clone().get()).get()) == dwgOf(old.get()));
+}
+
+TEST_F(GraphFilingTest, DeepCloneCopiesTheNodesAndTranslatesTheirIds) {
+  populate(graph.get());
+  const OdDbObjectId dictionary = db->getNamedObjectsDictionaryId();
+  OdDbXrecordPtr pointed = OdDbXrecord::createObject();
+  const OdDbObjectId pointedId = db->addOdDbObject(pointed.get(), dictionary);
+  pointed.release();
+  source->softPointer = pointedId;
+  const OdDbObjectId graphId = db->addOdDbObject(graph.get(), dictionary);
+  graph.release();
+
+  OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+  db->deepCloneObjects({graphId, pointedId}, dictionary, *mapping);
+  OdDbIdPair graphPair(graphId), pointedPair(pointedId);
+  ASSERT_TRUE(mapping->compute(graphPair) && mapping->compute(pointedPair));
+  CJbDbCustBlockGraphPtr clone =
+      CJbDbCustBlockGraph::cast(graphPair.value().safeOpenObject().get());
+  EXPECT_EQ(clone->GetAllNodeIds(), OdArray<int>({1, 2, 3, 4, 5}));
+  EXPECT_EQ(clone->GetCyclingOrder(false), OdArray<int>({4, 3}));
+  auto copied = OdSmartPtr<RecordingElement>(clone->GetNode(1).get());
+  EXPECT_EQ(copied->payload, 7);
+  EXPECT_EQ(copied->softPointer, pointedPair.value());
 }
