@@ -1,7 +1,9 @@
 // Deep clone and wblock clone.
 #include "platform/db/OdDbCloner.h"
 
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDictionary.h"
@@ -25,6 +27,15 @@ class XlateFiler : public OdDbMemoryDwgFiler {
   void addRef() override {}
   void release() override {}
 
+  // Whether an id filed so far reads back as another id.
+  bool translatesAny() {
+    for (OdDb::ReferenceType type : {OdDb::kSoftPointerRef, OdDb::kHardPointerRef,
+                                     OdDb::kSoftOwnershipRef, OdDb::kHardOwnershipRef})
+      for (const OdDbObjectId& id : collectedIds(type))
+        if (translateId(id, type) != id) return true;
+    return false;
+  }
+
  protected:
   OdDbObjectId translateId(const OdDbObjectId& id, OdDb::ReferenceType type) override {
     if (id.isNull()) return id;
@@ -38,6 +49,44 @@ class XlateFiler : public OdDbMemoryDwgFiler {
  private:
   const OdDbIdMapping& m_mapping;
 };
+
+// Streams reused by the clones of one thread, one per nesting level of owned objects (a clone
+// files its children while its own collected ids are still being walked), so that cloning an
+// object allocates no stream of its own.
+class FilerPool {
+ public:
+  class Lease {
+   public:
+    explicit Lease(FilerPool& pool) : m_pool(pool), m_filer(pool.acquire()) {}
+    ~Lease() { --m_pool.m_depth; }
+    Lease(const Lease&) = delete;
+    Lease& operator=(const Lease&) = delete;
+    OdDbMemoryDwgFiler& filer() const { return m_filer; }
+
+   private:
+    FilerPool& m_pool;
+    OdDbMemoryDwgFiler& m_filer;
+  };
+
+ private:
+  class PooledFiler : public OdDbMemoryDwgFiler {
+   public:
+    void addRef() override {}
+    void release() override {}
+  };
+
+  OdDbMemoryDwgFiler& acquire() {
+    if (m_depth == m_filers.size()) m_filers.push_back(std::make_unique<PooledFiler>());
+    OdDbMemoryDwgFiler& filer = *m_filers[m_depth++];
+    filer.reset();
+    return filer;
+  }
+
+  std::vector<std::unique_ptr<PooledFiler>> m_filers;
+  std::size_t m_depth = 0;
+};
+
+thread_local FilerPool t_filers;
 
 // Holds a source object readable for the clone: a closed one is opened for read, an open one is
 // used as it is.
@@ -203,7 +252,8 @@ OdDbObjectPtr OdDbCloner::clone(const OdDbObject* source, OdDbIdMapping& mapping
         for (const OdDbObjectId& id : target->ownedIds())
           OdDbWriteGuard(id)->erase(true);
         mapping.assign(OdDbIdPair(sourceId, namesake, true, primary, true));
-        OdDbMemoryDwgFiler filer;
+        const FilerPool::Lease lease(t_filers);
+        OdDbMemoryDwgFiler& filer = lease.filer();
         filer.setDatabase(source->database());
         filer.setFilerType(OdDb::kWblockCloneFiler);
         source->dwgOutFields(&filer);
@@ -226,7 +276,8 @@ OdDbObjectPtr OdDbCloner::clone(const OdDbObject* source, OdDbIdMapping& mapping
   }
 
   OdDbObjectPtr copy = OdDbObject::cast(source->isA()->create().get());
-  OdDbMemoryDwgFiler filer;
+  const FilerPool::Lease lease(t_filers);
+  OdDbMemoryDwgFiler& filer = lease.filer();
   filer.setDatabase(source->database());
   filer.setFilerType(wblock ? OdDb::kWblockCloneFiler : OdDb::kDeepCloneFiler);
   source->dwgOutFields(&filer);
@@ -288,12 +339,20 @@ OdDbObjectId OdDbCloner::cloneReferenced(const OdDbObjectId& id, OdDbIdMapping& 
 void OdDbCloner::translate(OdDbIdMapping& mapping) {
   odrxEvent()->fireBeginDeepCloneXlation(mapping);
   XlateFiler filer(mapping);
-  for (const OdDbObjectId& key : std::vector<OdDbObjectId>(mapping.m_order)) {
-    const OdDbIdPair& pair = mapping.m_pairs.at(key);
+  // Reactors may clone more while translation runs; those join the end of the order.
+  for (std::size_t i = 0; i < mapping.m_order.size(); ++i) {
+    const OdDbIdPair& pair = mapping.m_pairs.at(mapping.m_order[i]);
     if (!pair.isCloned() || pair.value().isNull() || pair.value().isErased()) continue;
     OdDbWriteGuard object(pair.value());
     if (!object) continue;
+    // A first pass only looks at the ids: an object none of whose ids translate would read
+    // back as it is, and is left alone.
     filer.reset();
+    filer.setCollectIdsOnly(true);
+    object->dwgOutFields(&filer);
+    if (!filer.translatesAny()) continue;
+    filer.reset();
+    filer.setCollectIdsOnly(false);
     object->dwgOutFields(&filer);
     filer.seek(0, OdDb::kSeekFromStart);
     object->dwgInFields(&filer);

@@ -1,6 +1,7 @@
 // In-memory binary filer with type tags and id collection.
 #include "platform/db/OdDbMemoryDwgFiler.h"
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -59,7 +60,7 @@ OdSmartPtr<OdDbMemoryDwgFiler> OdDbMemoryDwgFiler::createObject(OdDbDatabase* da
 }
 
 void OdDbMemoryDwgFiler::reset() {
-  m_bytes.clear();
+  m_length = 0;
   m_position = 0;
   m_status = eOk;
   for (auto& ids : m_ids)
@@ -73,11 +74,11 @@ const OdDbObjectIdArray& OdDbMemoryDwgFiler::collectedIds(OdDb::ReferenceType ty
 void OdDbMemoryDwgFiler::seek(std::int64_t offset, OdDb::FilerSeekType seekType) {
   std::int64_t base = 0;
   if (seekType == OdDb::kSeekFromCurrent) base = static_cast<std::int64_t>(m_position);
-  if (seekType == OdDb::kSeekFromEnd) base = static_cast<std::int64_t>(m_bytes.size());
+  if (seekType == OdDb::kSeekFromEnd) base = static_cast<std::int64_t>(m_length);
   const std::int64_t target = base + offset;
-  if (target < 0 || target > static_cast<std::int64_t>(m_bytes.size()))
+  if (target < 0 || target > static_cast<std::int64_t>(m_length))
     fail(eInvalidInput, "seek to byte " + std::to_string(target) + " outside a stream of " +
-                            std::to_string(m_bytes.size()) + " bytes");
+                            std::to_string(m_length) + " bytes");
   m_position = static_cast<std::uint64_t>(target);
 }
 
@@ -88,25 +89,32 @@ void OdDbMemoryDwgFiler::fail(OdResult code, const std::string& message) {
 
 void OdDbMemoryDwgFiler::put(Tag tag, const void* data, std::size_t size) {
   // Writing in the middle overwrites from there on, as a file would.
+  if (m_collectOnly) return;
   const auto at = static_cast<std::size_t>(m_position);
-  if (m_bytes.capacity() == 0) m_bytes.reserve(256);
-  m_bytes.resize(at + 1 + size);
+  reserveFor(at + 1 + size);
   m_bytes[at] = static_cast<unsigned char>(tag);
   if (size) std::memcpy(m_bytes.data() + at + 1, data, size);
-  m_position = m_bytes.size();
+  m_length = at + 1 + size;
+  m_position = m_length;
+}
+
+void OdDbMemoryDwgFiler::reserveFor(std::size_t length) {
+  // The storage only grows (doubling), and is never zeroed for the values written into it.
+  if (length > m_bytes.size())
+    m_bytes.resize(std::max<std::size_t>({length, 2 * m_bytes.size(), 256}));
 }
 
 void OdDbMemoryDwgFiler::get(Tag tag, void* data, std::size_t size) {
   const auto wanted = static_cast<unsigned char>(tag);
-  if (m_position >= m_bytes.size())
+  if (m_position >= m_length)
     fail(eEndOfFile, std::string("reading a ") + tagName(wanted) + " at the end of the stream (" +
-                         std::to_string(m_bytes.size()) + " bytes)");
+                         std::to_string(m_length) + " bytes)");
   const unsigned char found = m_bytes[static_cast<std::size_t>(m_position)];
   if (found != wanted)
     fail(eDwgObjectImproperlyRead, std::string("reading a ") + tagName(wanted) + " at byte " +
                                        std::to_string(m_position) + " where a " + tagName(found) +
                                        " was written");
-  if (m_position + 1 + size > m_bytes.size())
+  if (m_position + 1 + size > m_length)
     fail(eEndOfFile, std::string("a ") + tagName(wanted) + " at byte " +
                          std::to_string(m_position) + " is cut off by the end of the stream");
   std::memcpy(data, m_bytes.data() + m_position + 1, size);
@@ -146,7 +154,7 @@ double OdDbMemoryDwgFiler::rdDouble() {
 OdString OdDbMemoryDwgFiler::rdString() {
   std::uint32_t length = 0;
   get(Tag::kString, &length, sizeof length);
-  if (m_position + length > m_bytes.size())
+  if (m_position + length > m_length)
     fail(eEndOfFile, "a string of " + std::to_string(length) + " bytes at byte " +
                          std::to_string(m_position) + " is cut off by the end of the stream");
   OdString value(reinterpret_cast<const char*>(m_bytes.data() + m_position), length);
@@ -160,7 +168,7 @@ void OdDbMemoryDwgFiler::rdBytes(void* buffer, std::uint32_t numBytes) {
     fail(eDwgObjectImproperlyRead, "reading " + std::to_string(numBytes) + " bytes at byte " +
                                        std::to_string(m_position) + " where " +
                                        std::to_string(length) + " were written");
-  if (m_position + length > m_bytes.size())
+  if (m_position + length > m_length)
     fail(eEndOfFile, "a block of " + std::to_string(length) + " bytes is cut off");
   if (length) std::memcpy(buffer, m_bytes.data() + m_position, length);
   m_position += length;
@@ -200,11 +208,11 @@ void OdDbMemoryDwgFiler::wrBytes(const void* buffer, std::uint32_t numBytes) {
   appendRaw(buffer, numBytes);
 }
 void OdDbMemoryDwgFiler::appendRaw(const void* data, std::size_t size) {
-  if (!size) return;
-  const std::size_t at = m_bytes.size();
-  m_bytes.resize(at + size);
-  std::memcpy(m_bytes.data() + at, data, size);
-  m_position = m_bytes.size();
+  if (!size || m_collectOnly) return;
+  reserveFor(m_length + size);
+  std::memcpy(m_bytes.data() + m_length, data, size);
+  m_length += size;
+  m_position = m_length;
 }
 void OdDbMemoryDwgFiler::wrDbHandle(const OdDbHandle& value) {
   const std::uint64_t raw = value.value();

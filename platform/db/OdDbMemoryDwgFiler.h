@@ -27,9 +27,12 @@ class OdDbMemoryDwgFiler : public OdDbDwgFiler {
 
   // Empties the stream and the collected ids.
   void reset();
-  std::uint64_t length() const { return m_bytes.size(); }
+  std::uint64_t length() const { return m_length; }
   // Ids filed so far (written or read) of one reference kind, in filing order.
   const OdDbObjectIdArray& collectedIds(OdDb::ReferenceType type) const;
+  // When set, writes only collect ids and keep no stream: for passes that just look at what an
+  // object refers to.
+  void setCollectIdsOnly(bool collectOnly) { m_collectOnly = collectOnly; }
 
   bool rdBool() override;
   std::int8_t rdInt8() override;
@@ -76,6 +79,7 @@ class OdDbMemoryDwgFiler : public OdDbDwgFiler {
   void put(Tag tag, const void* data, std::size_t size);
   void get(Tag tag, void* data, std::size_t size);
   void appendRaw(const void* data, std::size_t size);
+  void reserveFor(std::size_t length);
   [[noreturn]] void fail(OdResult code, const std::string& message);
   void writeId(const OdDbObjectId& id, OdDb::ReferenceType type);
   OdDbObjectId readId(OdDb::ReferenceType type);
@@ -83,7 +87,10 @@ class OdDbMemoryDwgFiler : public OdDbDwgFiler {
   OdDbDatabase* m_database = nullptr;
   OdDb::FilerType m_type = OdDb::kCopyFiler;
   OdResult m_status = eOk;
+  // Storage; the stream is its first m_length bytes.
   std::vector<unsigned char> m_bytes;
+  std::size_t m_length = 0;
+  bool m_collectOnly = false;
   std::uint64_t m_position = 0;
   OdDbObjectIdArray m_ids[4];
 };

@@ -296,6 +296,7 @@ OdDbObjectIdArray OdDbObject::ownedIds() const {
   OdDbMemoryDwgFiler filer;
   filer.setDatabase(database());
   filer.setFilerType(OdDb::kIdFiler);
+  filer.setCollectIdsOnly(true);
   dwgOutFields(&filer);
   const OdDbObjectId self = objectId();
   for (OdDb::ReferenceType type : {OdDb::kHardOwnershipRef, OdDb::kSoftOwnershipRef}) {

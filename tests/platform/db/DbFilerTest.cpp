@@ -65,6 +65,20 @@ TEST_F(DbFilers, MemoryFilerRoundTripsEveryKindAndCollectsIdsByKind) {
   filer->seek(0, OdDb::kSeekFromStart);
   EXPECT_OD_ERROR(filer->rdInt32(), eDwgObjectImproperlyRead);
   EXPECT_OD_ERROR(filer->rdSoftPointerId(), eDwgObjectImproperlyRead);
+
+  // Collecting ids only keeps no stream, and a reset stream is written afresh.
+  filer->reset();
+  filer->setCollectIdsOnly(true);
+  filer->wrString("dropped");
+  filer->wrHardOwnershipId(a);
+  EXPECT_EQ(filer->length(), 0u);
+  EXPECT_EQ(filer->collectedIds(OdDb::kHardOwnershipRef), OdDbObjectIdArray{a});
+  filer->setCollectIdsOnly(false);
+  filer->reset();
+  filer->wrInt16(7);
+  filer->seek(0, OdDb::kSeekFromStart);
+  EXPECT_EQ(filer->rdInt16(), 7);
+  EXPECT_OD_ERROR(filer->rdInt16(), eEndOfFile);
 }
 
 TEST_F(DbFilers, CopiesCarryDataButNeverOwnership) {
