@@ -10,6 +10,7 @@
 #include "core/CJbCustBlockSettingsElement.h"
 #include "platform/db/DbTestSupport.h"
 #include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/dxf/DxfFile.h"
 #include "platform/host/CJbCustBlockUtils.h"
 #include "platform/rx/OdRxClass.h"
 
@@ -374,4 +375,51 @@ TEST_F(GraphFilingTest, DeepCloneCopiesTheNodesAndTranslatesTheirIds) {
   auto copied = OdSmartPtr<RecordingElement>(clone->GetNode(1).get());
   EXPECT_EQ(copied->payload, 7);
   EXPECT_EQ(copied->softPointer, pointedPair.value());
+}
+
+TEST_F(GraphFilingTest, DrawingFilesCarryTheGraphAndNameTheLineOfABadRecord) {
+  populate(graph.get());
+  {
+    OdDbDictionaryPtr dictionary = OdDbDictionary::cast(
+        db->getNamedObjectsDictionaryId().safeOpenObject(OdDb::kForWrite).get());
+    dictionary->setAt("GRAPH", graph.get());
+  }
+  graph.release();
+  const std::string text = DxfFile::writeToMemory(db.get());
+  auto graphOf = [](OdDbDatabase* database) {
+    OdDbDictionaryPtr dictionary =
+        OdDbDictionary::cast(database->getNamedObjectsDictionaryId().safeOpenObject().get());
+    return CJbDbCustBlockGraph::cast(dictionary->getAt("GRAPH", OdDb::kForRead).get());
+  };
+  OdDbDatabasePtr read = DxfFile::readFromMemory(text);
+  CJbDbCustBlockGraphPtr loaded = graphOf(read.get());
+  ASSERT_FALSE(loaded.isNull());
+  EXPECT_EQ(loaded->GetAllNodeIds(), OdArray<int>({1, 2, 3, 4, 5}));
+  EXPECT_EQ(loaded->GetCyclingOrder(false), OdArray<int>({4, 3}));
+  auto element = OdSmartPtr<RecordingElement>(loaded->GetNode(1).get());
+  EXPECT_EQ(element->payload, 7);
+  EXPECT_EQ(element->softPointer, read->getModelSpaceId());
+  EXPECT_EQ(loaded->GetBlockDefinitionId(), read->getPaperSpaceId());
+  EXPECT_EQ(DxfFile::writeToMemory(read.get()), text);
+  loaded.release();
+
+  // The minor version is the first 7 after the record's marker.
+  const std::size_t marker = text.find("100\r\nJbDbCustBlockGraph\r\n");
+  ASSERT_NE(marker, std::string::npos);
+  std::string newer = text;
+  newer[newer.find("7\r\n", marker)] = '9';
+  OdDbDatabasePtr fromNewer = DxfFile::readFromMemory(newer);
+  EXPECT_TRUE(CJbCustBlockUtils::Get()->IsNewerFormatFound(fromNewer.get()));
+  EXPECT_EQ(graphOf(fromNewer.get())->GetMinorVersion(), 9);
+  CJbCustBlockUtils::Get()->Forget(fromNewer.get());
+
+  std::string bad = text;
+  bad[bad.find("\n290\r\n", marker) + 3] = '1';
+  try {
+    DxfFile::readFromMemory(bad);
+    ADD_FAILURE() << "a graph record with a misplaced group code was read";
+  } catch (const OdError& error) {
+    EXPECT_EQ(error.code(), eBadDxfSequence);
+    EXPECT_NE(error.description().find("line"), std::string::npos) << error.description();
+  }
 }
