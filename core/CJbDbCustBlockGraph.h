@@ -1,6 +1,7 @@
 // The evaluation graph of one customizable block definition: a database object holding the
 // block's elements by id, deciding which of them are evaluated and in what order, keeping the
-// grip cycling order and announcing element changes to graph reactors when it is closed.
+// grip cycling order, announcing element changes to graph reactors when it is closed, filing
+// itself with every node in proxy form, and saving and loading the state of one block reference.
 #pragma once
 
 #include <memory>
