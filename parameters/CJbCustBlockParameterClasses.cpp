@@ -5,7 +5,16 @@
 
 #include "parameters/CJbCustBlock2PointParameter.h"
 #include "parameters/CJbCustBlockParameter.h"
+#include "parameters/grips/CJbCustBlockAlignmentGrip.h"
+#include "parameters/grips/CJbCustBlockBaseGrip.h"
+#include "parameters/grips/CJbCustBlockFlipGrip.h"
 #include "parameters/grips/CJbCustBlockGrip.h"
+#include "parameters/grips/CJbCustBlockLinearGrip.h"
+#include "parameters/grips/CJbCustBlockLookupGrip.h"
+#include "parameters/grips/CJbCustBlockPolarGrip.h"
+#include "parameters/grips/CJbCustBlockRotationGrip.h"
+#include "parameters/grips/CJbCustBlockVisibilityGrip.h"
+#include "parameters/grips/CJbCustBlockXYGrip.h"
 
 namespace {
 struct ClassRegistration {
@@ -19,9 +28,12 @@ constexpr ClassRegistration registration() {
 }
 
 const ClassRegistration kParameterClasses[] = {
-    registration<CJbCustBlockParameter>(),
-    registration<CJbCustBlock2PointParameter>(),
-    registration<CJbCustBlockGrip>(),
+    registration<CJbCustBlockParameter>(),  registration<CJbCustBlock2PointParameter>(),
+    registration<CJbCustBlockGrip>(),       registration<CJbCustBlockBaseGrip>(),
+    registration<CJbCustBlockPolarGrip>(),  registration<CJbCustBlockXYGrip>(),
+    registration<CJbCustBlockLinearGrip>(), registration<CJbCustBlockRotationGrip>(),
+    registration<CJbCustBlockFlipGrip>(),   registration<CJbCustBlockVisibilityGrip>(),
+    registration<CJbCustBlockLookupGrip>(), registration<CJbCustBlockAlignmentGrip>(),
 };
 }  // namespace
 
