@@ -4,7 +4,11 @@
 #include <iterator>
 
 #include "parameters/CJbCustBlock2PointParameter.h"
+#include "parameters/CJbCustBlockBasePointParameter.h"
+#include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockParameter.h"
+#include "parameters/CJbCustBlockPointParameter.h"
+#include "parameters/CJbCustBlockPolarParameter.h"
 #include "parameters/grips/CJbCustBlockAlignmentGrip.h"
 #include "parameters/grips/CJbCustBlockBaseGrip.h"
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
@@ -28,12 +32,22 @@ constexpr ClassRegistration registration() {
 }
 
 const ClassRegistration kParameterClasses[] = {
-    registration<CJbCustBlockParameter>(),  registration<CJbCustBlock2PointParameter>(),
-    registration<CJbCustBlockGrip>(),       registration<CJbCustBlockBaseGrip>(),
-    registration<CJbCustBlockPolarGrip>(),  registration<CJbCustBlockXYGrip>(),
-    registration<CJbCustBlockLinearGrip>(), registration<CJbCustBlockRotationGrip>(),
-    registration<CJbCustBlockFlipGrip>(),   registration<CJbCustBlockVisibilityGrip>(),
-    registration<CJbCustBlockLookupGrip>(), registration<CJbCustBlockAlignmentGrip>(),
+    registration<CJbCustBlockParameter>(),
+    registration<CJbCustBlock2PointParameter>(),
+    registration<CJbCustBlockGrip>(),
+    registration<CJbCustBlockPointParameter>(),
+    registration<CJbCustBlockLinearParameter>(),
+    registration<CJbCustBlockPolarParameter>(),
+    registration<CJbCustBlockBasePointParameter>(),
+    registration<CJbCustBlockBaseGrip>(),
+    registration<CJbCustBlockPolarGrip>(),
+    registration<CJbCustBlockXYGrip>(),
+    registration<CJbCustBlockLinearGrip>(),
+    registration<CJbCustBlockRotationGrip>(),
+    registration<CJbCustBlockFlipGrip>(),
+    registration<CJbCustBlockVisibilityGrip>(),
+    registration<CJbCustBlockLookupGrip>(),
+    registration<CJbCustBlockAlignmentGrip>(),
 };
 }  // namespace
 
