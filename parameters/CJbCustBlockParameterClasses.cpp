@@ -9,6 +9,8 @@
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
+#include "parameters/CJbCustBlockRotationParameter.h"
+#include "parameters/CJbCustBlockXYParameter.h"
 #include "parameters/grips/CJbCustBlockAlignmentGrip.h"
 #include "parameters/grips/CJbCustBlockBaseGrip.h"
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
@@ -37,7 +39,9 @@ const ClassRegistration kParameterClasses[] = {
     registration<CJbCustBlockGrip>(),
     registration<CJbCustBlockPointParameter>(),
     registration<CJbCustBlockLinearParameter>(),
+    registration<CJbCustBlockRotationParameter>(),
     registration<CJbCustBlockPolarParameter>(),
+    registration<CJbCustBlockXYParameter>(),
     registration<CJbCustBlockBasePointParameter>(),
     registration<CJbCustBlockBaseGrip>(),
     registration<CJbCustBlockPolarGrip>(),
