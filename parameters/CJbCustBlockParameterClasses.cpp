@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "parameters/CJbCustBlock2PointParameter.h"
+#include "parameters/CJbCustBlockAlignmentParameter.h"
 #include "parameters/CJbCustBlockBasePointParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockParameter.h"
@@ -43,6 +44,7 @@ const ClassRegistration kParameterClasses[] = {
     registration<CJbCustBlockPolarParameter>(),
     registration<CJbCustBlockXYParameter>(),
     registration<CJbCustBlockBasePointParameter>(),
+    registration<CJbCustBlockAlignmentParameter>(),
     registration<CJbCustBlockBaseGrip>(),
     registration<CJbCustBlockPolarGrip>(),
     registration<CJbCustBlockXYGrip>(),
