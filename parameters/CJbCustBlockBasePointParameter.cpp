@@ -69,13 +69,15 @@ OdString CJbCustBlockBasePointParameter::GetBaseName() const {
 }
 
 bool CJbCustBlockBasePointParameter::EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) {
-  const bool result = CJbCustBlockParameter::EndEvaluate(context);
   CJbCustBlockBasePointParameterImpl& impl = *BasePointImpl();
   const OdGeVector3d translate = OdGePoint3d::kOrigin - impl.m_points[0].updated;
-  if (translate.isZeroLength() || !impl.m_relocationEnabled || !context) return result;
-  relocate(translate, *context);
-  impl.m_currentTranslate += translate;
-  return result;
+  if (!translate.isZeroLength() && impl.m_relocationEnabled && context) {
+    relocate(translate, *context);
+    impl.m_currentTranslate += translate;
+    // The point is the block's origin now, so evaluating again relocates nothing more.
+    impl.m_points[0].updated = OdGePoint3d::kOrigin;
+  }
+  return CJbCustBlockParameter::EndEvaluate(context);
 }
 
 bool CJbCustBlockBasePointParameter::Transform(const OdGeMatrix3d& matrix, bool) {
