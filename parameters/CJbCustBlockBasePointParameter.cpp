@@ -20,7 +20,6 @@ namespace {
 // evaluated or a block definition.
 void relocate(const OdGeVector3d& translate, const CJbDbCustBlockGraphEvaluationContext& context) {
   const OdDbObjectId blockId = context.GetCurrentBlockId();
-  if (blockId.isNull()) return;
   OdDbObjectId recordId;
   OdDbObjectIdArray references;
   {
@@ -71,7 +70,9 @@ OdString CJbCustBlockBasePointParameter::GetBaseName() const {
 bool CJbCustBlockBasePointParameter::EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) {
   CJbCustBlockBasePointParameterImpl& impl = *BasePointImpl();
   const OdGeVector3d translate = OdGePoint3d::kOrigin - impl.m_points[0].updated;
-  if (!translate.isZeroLength() && impl.m_relocationEnabled && context) {
+  // A reset evaluates for no block and relocates nothing.
+  if (!translate.isZeroLength() && impl.m_relocationEnabled && context &&
+      !context->GetCurrentBlockId().isNull()) {
     relocate(translate, *context);
     impl.m_currentTranslate += translate;
     // The point is the block's origin now, so evaluating again relocates nothing more.

@@ -226,6 +226,9 @@ TEST_F(ParameterKindTest, BasePointRelocatesTheBlockAndMovesItsReferenceBack) {
   EXPECT_EQ(basePoint->GetMaxPointCount(), 0u);
   basePoint->SetDefinedPosition(0, OdGePoint3d(2, 1, 0));
   basePoint->SetRelocationEnabled(true);
+  EXPECT_TRUE(basePoint->Reset(nullptr));
+  EXPECT_TRUE(SamePoint(basePoint->GetCurrentPosition(0), OdGePoint3d(2, 1, 0)));
+  EXPECT_TRUE(basePoint->GetCurrentTranslate().isZeroLength());
   CJbDbCustBlockGraphEvaluationContext context(
       CJbDbCustBlockGraphEvaluationContext::kModifyBlockReferences, referenceId);
   EXPECT_TRUE(basePoint->EndEvaluate(&context));
