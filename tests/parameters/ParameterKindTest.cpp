@@ -1,6 +1,7 @@
 // Point, linear, polar and base-point parameters: values, grip drags turned into snapped
 // lengths and angles, transforms, instance state and filing of each kind.
 #include "ParameterTestSupport.h"
+#include "core/CJbCustBlockProxyElement.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "parameters/CJbCustBlockBasePointParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
@@ -250,4 +251,26 @@ TEST_F(ParameterKindTest, BasePointRelocatesTheBlockAndMovesItsReferenceBack) {
   basePoint->Transform(OdGeMatrix3d::translation(OdGeVector3d(1, 0, 0)), true);
   EXPECT_TRUE(SamePoint(basePoint->GetUpdatedPosition(0), OdGePoint3d(1, 0, 0)));
   EXPECT_TRUE(SamePoint(basePoint->GetCurrentPosition(0), OdGePoint3d(1, 0, 0)));
+}
+
+TEST_F(ParameterKindTest, EveryKindTravelsThroughItsProxyFormAndComesBackAsItself) {
+  auto linear = withGrips<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(
+      OdGePoint3d(0, 0, 0), OdGePoint3d(4, 3, 0));
+  linear->SetBasePosition(CJbCustBlockLinearParameter::kMidpoint);
+  for (int id : graph->GetAllNodeIds()) {
+    const CJbCustBlockElementPtr node = graph->GetNode(id);
+    const CJbCustBlockProxyElementPtr proxy =
+        CJbCustBlockProxyElement::CreateProxyFromElement(node.get(), graph.get());
+    const CJbCustBlockElementPtr back = proxy->CreateElement(graph.get());
+    ASSERT_FALSE(back.isNull());
+    EXPECT_EQ(back->isA(), node->isA());
+    EXPECT_EQ(back->GetName(), node->GetName());
+  }
+  const CJbCustBlockLinearParameterPtr copy = CJbCustBlockLinearParameter::cast(
+      CJbCustBlockProxyElement::CreateProxyFromElement(linear.get(), graph.get())
+          ->CreateElement(graph.get())
+          .get());
+  EXPECT_EQ(copy->GetBasePosition(), CJbCustBlockLinearParameter::kMidpoint);
+  EXPECT_EQ(copy->GetGrip(1), linear->GetGrip(1));
+  EXPECT_DOUBLE_EQ(copy->GetDistance(2), 5.0);
 }
