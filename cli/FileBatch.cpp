@@ -33,5 +33,9 @@ int FileBatch::run(const std::vector<std::string>& files, const Task& task) {
 
 void FileBatch::reportError(const std::string& file, const std::string& message) {
   std::cout.flush();
-  std::cerr << "jbcb: " << file << ": " << message << std::endl;
+  // Messages of the file layer name the file already.
+  if (message.find(file) != std::string::npos)
+    std::cerr << "jbcb: " << message << std::endl;
+  else
+    std::cerr << "jbcb: " << file << ": " << message << std::endl;
 }

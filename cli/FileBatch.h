@@ -15,6 +15,6 @@ class FileBatch {
 
   // Exit code: 0 when every file passed, 1 otherwise.
   static int run(const std::vector<std::string>& files, const Task& task);
-  // "jbcb: FILE: message" on standard error.
+  // "jbcb: FILE: message" on standard error (without the prefix when the message names the file).
   static void reportError(const std::string& file, const std::string& message);
 };
