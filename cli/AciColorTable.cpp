@@ -2,8 +2,48 @@
 #include "cli/AciColorTable.h"
 
 #include <array>
+#include <cmath>
 
 namespace {
+// Hue (degrees), saturation (0..1) and value (0..255) to RGB, fractions cut off as the index
+// table has them (index 11 is 255, 127, 127).
+QColor fromHsv(int hue, double saturation, int value) {
+  const double chroma = value * saturation;
+  const double sector = hue / 60.0;
+  const double second = chroma * (1.0 - std::fabs(std::fmod(sector, 2.0) - 1.0));
+  const double low = value - chroma;
+  double r = 0.0;
+  double g = 0.0;
+  double b = 0.0;
+  switch (static_cast<int>(sector)) {
+    case 0:
+      r = chroma;
+      g = second;
+      break;
+    case 1:
+      r = second;
+      g = chroma;
+      break;
+    case 2:
+      g = chroma;
+      b = second;
+      break;
+    case 3:
+      g = second;
+      b = chroma;
+      break;
+    case 4:
+      r = second;
+      b = chroma;
+      break;
+    default:
+      r = chroma;
+      b = second;
+      break;
+  }
+  return QColor(static_cast<int>(r + low), static_cast<int>(g + low), static_cast<int>(b + low));
+}
+
 std::array<QColor, 256> buildTable() {
   std::array<QColor, 256> table;
   table[1] = QColor(255, 0, 0);
@@ -21,8 +61,8 @@ std::array<QColor, 256> buildTable() {
   for (int index = 10; index < 250; ++index) {
     const int hue = (index / 10 - 1) * 15;
     const int unit = index % 10;
-    const int saturation = (unit % 2 == 0) ? 255 : 127;
-    table[static_cast<std::size_t>(index)] = QColor::fromHsv(hue, saturation, kValues[unit / 2]);
+    const double saturation = (unit % 2 == 0) ? 1.0 : 0.5;
+    table[static_cast<std::size_t>(index)] = fromHsv(hue, saturation, kValues[unit / 2]);
   }
   static const int kGreys[6] = {51, 80, 105, 130, 190, 255};
   for (int index = 250; index < 256; ++index) {

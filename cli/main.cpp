@@ -1,13 +1,26 @@
-// jbcb: the command-line host. For now it reports its version; commands arrive with the DXF and
-// module layers.
-#include <CLI/CLI.hpp>
+// jbcb: the command-line host. Starts Qt without a display when there is none (rendering needs
+// fonts and painters, never a window) and the drawing platform, then runs the command line.
+#include <QGuiApplication>
 
-#include <iostream>
+#include "cli/CommandLine.h"
+#include "platform/OdPlatform.h"
+
+namespace {
+// Qt's own notes (missing runtime folders, font fallbacks) are not the user's concern; jbcb
+// reports its problems itself.
+void quietQtMessages(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  if (type == QtCriticalMsg || type == QtFatalMsg)
+    fprintf(stderr, "jbcb: %s\n", message.toLocal8Bit().constData());
+}
+}  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app{"jbcb: open, edit, check and render drawings with customizable blocks"};
-  app.set_version_flag("--version", std::string("jbcb ") + JBCB_VERSION);
-  CLI11_PARSE(app, argc, argv);
-  std::cout << app.help();
-  return 0;
+  if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler(quietQtMessages);
+  QGuiApplication application(argc, argv);
+  odInitialize();
+  const int code = CommandLine().run(argc, argv);
+  odUninitialize();
+  return code;
 }

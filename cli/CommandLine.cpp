@@ -1,0 +1,57 @@
+// Parsing: help and version requests exit 0 through the parser; any other parse failure names
+// the problem and shows the usage of the command it concerns.
+#include "cli/CommandLine.h"
+
+#include <iostream>
+
+#include "cli/CheckCommand.h"
+#include "cli/ConvertCommand.h"
+#include "cli/InfoCommand.h"
+#include "cli/RenderCommand.h"
+
+CommandLine::CommandLine()
+    : m_app("jbcb: inspect, check, convert and render DXF drawings", "jbcb") {
+  m_app.set_version_flag("--version", std::string("jbcb ") + JBCB_VERSION);
+  m_app.require_subcommand(1);
+  m_app.footer(
+      "Examples:\n"
+      "  jbcb info plan.dxf\n"
+      "  jbcb check *.dxf\n"
+      "  jbcb convert plan.dxf -o plan-r2010.dxf --version R2010\n"
+      "  jbcb render plan.dxf -o plan.png --size 1600x1200\n"
+      "\n"
+      "Exit codes: 0 success, 1 an input file failed, 2 usage error.\n"
+      "Run 'jbcb COMMAND --help' for the options of a command.");
+  add(std::make_unique<InfoCommand>());
+  add(std::make_unique<CheckCommand>());
+  add(std::make_unique<ConvertCommand>());
+  add(std::make_unique<RenderCommand>());
+}
+
+void CommandLine::add(std::unique_ptr<Command> command) {
+  CLI::App* sub = command->addTo(m_app);
+  m_commands.emplace_back(sub, std::move(command));
+}
+
+int CommandLine::run(int argc, char** argv) {
+  try {
+    m_app.parse(argc, argv);
+  } catch (const CLI::CallForHelp& request) {
+    return m_app.exit(request);
+  } catch (const CLI::CallForAllHelp& request) {
+    return m_app.exit(request);
+  } catch (const CLI::CallForVersion& request) {
+    return m_app.exit(request);
+  } catch (const CLI::ParseError& error) {
+    // The usage shown is that of the deepest command that was named.
+    const CLI::App* context = &m_app;
+    for (const auto& [sub, command] : m_commands)
+      if (sub->parsed()) context = sub;
+    std::cerr << "jbcb: " << error.what() << "\n\n" << context->help();
+    return kUsageError;
+  }
+  for (const auto& [sub, command] : m_commands)
+    if (sub->parsed()) return command->run();
+  std::cerr << m_app.help();
+  return kUsageError;
+}

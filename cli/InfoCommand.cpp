@@ -1,0 +1,48 @@
+// Info over a batch of files; in JSON a failed file is an entry with its error, so that the
+// output stays one document whatever happens.
+#include "cli/InfoCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <iostream>
+
+#include "cli/DrawingFile.h"
+#include "cli/DrawingSummary.h"
+#include "cli/FileBatch.h"
+
+CLI::App* InfoCommand::addTo(CLI::App& app) {
+  CLI::App* info = app.add_subcommand("info",
+                                      "Show what drawings hold: version, units, entities "
+                                      "by kind, blocks, layers, extents");
+  info->add_option("files", m_files, "DXF files to inspect")->required();
+  info->add_flag("--json", m_json,
+                 "Print one JSON array with an object per file (schema in docs/cli.md)");
+  info->footer(
+      "Examples:\n"
+      "  jbcb info plan.dxf\n"
+      "  jbcb info --json *.dxf | jq '.[].entities'");
+  return info;
+}
+
+int InfoCommand::run() {
+  QJsonArray documents;
+  const int code = FileBatch::run(m_files, [&](const std::string& file, std::ostream& out) {
+    try {
+      const OdDbDatabasePtr database = DrawingFile::read(file);
+      const DrawingSummary summary = DrawingSummary::of(database.get(), file);
+      if (m_json)
+        documents.append(summary.toJson());
+      else
+        out << summary.toText();
+      return true;
+    } catch (const std::exception& error) {
+      if (m_json)
+        documents.append(QJsonObject{{"file", QString::fromStdString(file)},
+                                     {"error", QString::fromUtf8(error.what())}});
+      throw;
+    }
+  });
+  if (m_json) std::cout << QJsonDocument(documents).toJson(QJsonDocument::Indented).constData();
+  return code;
+}
