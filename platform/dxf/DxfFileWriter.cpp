@@ -159,8 +159,9 @@ void DxfFileWriter::plan() {
   if (!named.isNull() && !named.isErased()) m_objects.append(named);
   for (const OdDbObjectId& id : m_db->objectIds()) {
     const OdDbObject* object = id.stub()->object();
-    if (id == named || id.isErased() || m_planned.count(id.stub()) ||
-        object->isKindOf(OdDbEntity::desc()) || object->isKindOf(OdDbSymbolTable::desc()) ||
+    // Entities, most of a drawing, are told apart before the look-up in the plan.
+    if (id == named || id.isErased() || object->isKindOf(OdDbEntity::desc()) ||
+        m_planned.count(id.stub()) || object->isKindOf(OdDbSymbolTable::desc()) ||
         object->isKindOf(OdDbSymbolTableRecord::desc()))
       continue;
     m_objects.append(id);
