@@ -5,8 +5,7 @@
 #pragma once
 
 #include "platform/db/OdDbEntity.h"
-#include "platform/db/entities/OdDb2dVertex.h"
-#include "platform/db/entities/OdDbSequenceEnd.h"
+#include "platform/db/entities/VertexList.h"
 
 class OdDb2dPolyline : public OdDbEntity {
   ODRX_DECLARE_MEMBERS(OdDb2dPolyline);
@@ -49,9 +48,7 @@ class OdDb2dPolyline : public OdDbEntity {
   // eCannotScaleNonUniformly, and getTransformedCopy the exact spline instead.
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
-  // Stretch and grip points: the vertices, in world coordinates.
-  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
-  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  // Grip points, and so stretch points: the vertices, in world coordinates.
   OdResult getGripPoints(OdGePoint3dArray& points) const override;
   OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
@@ -65,8 +62,7 @@ class OdDb2dPolyline : public OdDbEntity {
   bool hasBulges() const;
   void path(std::vector<OdGePoint2d>& points, std::vector<double>& bulges) const;
 
-  OdArray<OdDb2dVertexPtr> m_vertices;
-  OdDbSequenceEndPtr m_sequenceEnd;
+  VertexList<OdDb2dVertex> m_vertices;
   PolyType m_type = kSimplePoly;
   bool m_closed = false;
   bool m_plinegen = false;
