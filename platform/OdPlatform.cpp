@@ -28,6 +28,8 @@
 #include "platform/db/OdDbSymbolTable.h"
 #include "platform/db/OdDbSymbolTableIterator.h"
 #include "platform/db/OdDbSymbolTableRecord.h"
+#include "platform/db/OdDbUnknownEntity.h"
+#include "platform/db/OdDbUnknownObject.h"
 #include "platform/db/OdDbXrecord.h"
 #include "platform/db/OdRxEvent.h"
 #include "platform/db/OdRxEventReactor.h"
@@ -47,6 +49,8 @@
 #include "platform/db/entities/OdDbSolid.h"
 #include "platform/db/entities/OdDbSpline.h"
 #include "platform/db/entities/OdDbText.h"
+#include "platform/dxf/DxfFileFiler.h"
+#include "platform/dxf/DxfFileInfo.h"
 #include "platform/host/OdEdCommand.h"
 #include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
@@ -72,6 +76,8 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdDbMemoryDwgFiler::rxInit, &OdDbMemoryDwgFiler::rxUninit},
     {&OdDbDxfFiler::rxInit, &OdDbDxfFiler::rxUninit},
     {&OdDbResBufDxfFiler::rxInit, &OdDbResBufDxfFiler::rxUninit},
+    {&DxfFileFiler::rxInit, &DxfFileFiler::rxUninit},
+    {&DxfFileInfo::rxInit, &DxfFileInfo::rxUninit},
     {&OdDbObjectReactor::rxInit, &OdDbObjectReactor::rxUninit},
     {&OdRxEventReactor::rxInit, &OdRxEventReactor::rxUninit},
     {&OdRxEvent::rxInit, &OdRxEvent::rxUninit},
@@ -84,6 +90,7 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdDbObject::rxInit, &OdDbObject::rxUninit},
     {&OdDbDictionary::rxInit, &OdDbDictionary::rxUninit},
     {&OdDbXrecord::rxInit, &OdDbXrecord::rxUninit},
+    {&OdDbUnknownObject::rxInit, &OdDbUnknownObject::rxUninit},
     {&OdDbSymbolTable::rxInit, &OdDbSymbolTable::rxUninit},
     {&OdDbBlockTable::rxInit, &OdDbBlockTable::rxUninit},
     {&OdDbLayerTable::rxInit, &OdDbLayerTable::rxUninit},
@@ -93,6 +100,7 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdDbLayerTableRecord::rxInit, &OdDbLayerTableRecord::rxUninit},
     {&OdDbRegAppTableRecord::rxInit, &OdDbRegAppTableRecord::rxUninit},
     {&OdDbEntity::rxInit, &OdDbEntity::rxUninit},
+    {&OdDbUnknownEntity::rxInit, &OdDbUnknownEntity::rxUninit},
     {&OdDbLine::rxInit, &OdDbLine::rxUninit},
     {&OdDbArc::rxInit, &OdDbArc::rxUninit},
     {&OdDbCircle::rxInit, &OdDbCircle::rxUninit},

@@ -207,8 +207,15 @@ OdDbObjectId OdDbBlockReference::appendAttribute(OdDbAttribute* attribute) {
     throw OdError(eNullPtr, describe().str() + ": appendAttribute without an attribute");
   assertWriteEnabled();
   if (!isDBRO()) throw OdError(eNoDatabase, describe().str() + " is not in a database");
-  if (attribute->isDBRO())
-    throw OdError(eAlreadyInDb, attribute->describe().str() + " is already in a database");
+  if (attribute->isDBRO()) {
+    // A file reader's attribute joins the database first, under its own handle.
+    const OdDbObjectId id = attribute->objectId();
+    if (attribute->database() != database() || !attribute->ownerId().isNull())
+      throw OdError(eAlreadyInDb, attribute->describe().str() + " is already in a database");
+    attribute->setOwnerId(objectId());
+    m_attributes.append(id);
+    return id;
+  }
   const OdDbObjectId id = database()->addOdDbObject(attribute, objectId());
   m_attributes.append(id);
   return id;

@@ -38,7 +38,8 @@ class OdDbBlockReference : public OdDbEntity {
   // mirror keeps the normal and shows as a negative X scale.
   OdResult setBlockTransform(const OdGeMatrix3d& xform);
 
-  // Adds a free attribute to this reference (which must be in a database). Needs write access.
+  // Adds a free attribute to this reference (which must be in a database), or one already in
+  // its database and owned by nothing (a file reader's). Needs write access.
   OdDbObjectId appendAttribute(OdDbAttribute* attribute);
   OdDbObjectIteratorPtr attributeIterator() const;
 

@@ -22,8 +22,14 @@ OdDbObjectId OdDbBlockTableRecord::appendOdDbEntity(OdDbEntity* entity) {
   if (!entity) throw OdError(eNullPtr, describe().str() + ": appendOdDbEntity without an entity");
   assertWriteEnabled();
   if (!isDBRO()) throw OdError(eNoDatabase, describe().str() + " is not in a database");
-  if (entity->isDBRO())
-    throw OdError(eAlreadyInDb, entity->describe().str() + " is already in a database");
+  if (entity->isDBRO()) {
+    const OdDbObjectId id = entity->objectId();
+    if (entity->database() != database() || !entity->ownerId().isNull())
+      throw OdError(eAlreadyInDb, entity->describe().str() + " is already in a database");
+    entity->setOwnerId(objectId());
+    m_entities.append(id);
+    return id;
+  }
   const OdDbObjectId id = database()->addOdDbObject(entity, objectId());
   m_entities.append(id);
   return id;
@@ -119,6 +125,28 @@ void OdDbBlockTableRecord::setExplodable(bool explodable) {
   m_explodable = explodable;
 }
 
+OdDbObjectId OdDbBlockTableRecord::getLayoutId() const {
+  assertReadEnabled();
+  return m_layoutId;
+}
+
+void OdDbBlockTableRecord::setLayoutId(const OdDbObjectId& layoutId) {
+  if (layoutId == m_layoutId) return;
+  assertWriteEnabled();
+  m_layoutId = layoutId;
+}
+
+std::int16_t OdDbBlockTableRecord::blockInsertUnits() const {
+  assertReadEnabled();
+  return m_units;
+}
+
+void OdDbBlockTableRecord::setBlockInsertUnits(std::int16_t units) {
+  if (units == m_units) return;
+  assertWriteEnabled();
+  m_units = units;
+}
+
 std::int8_t OdDbBlockTableRecord::blockScaling() const {
   assertReadEnabled();
   return m_scaling;
@@ -132,12 +160,14 @@ void OdDbBlockTableRecord::setBlockScaling(std::int8_t scaling) {
   m_scaling = scaling;
 }
 
+// A block record files its units under 70; the block flags go with the BLOCK entity of the file.
 std::int16_t OdDbBlockTableRecord::dxfFlags() const {
-  return static_cast<std::int16_t>((isAnonymous() ? 1 : 0) | (hasAttributeDefinitions() ? 2 : 0));
+  return m_units;
 }
 
-// The flags follow from the name and the entities.
-void OdDbBlockTableRecord::setDxfFlags(std::int16_t) {}
+void OdDbBlockTableRecord::setDxfFlags(std::int16_t flags) {
+  m_units = flags;
+}
 
 bool OdDbBlockTableRecord::canOwnClone(const OdDbObject* child) const {
   return child && child->isKindOf(OdDbEntity::desc()) && !child->isKindOf(OdDbAttribute::desc());
@@ -155,6 +185,8 @@ OdResult OdDbBlockTableRecord::dwgInFields(OdDbDwgFiler* filer) {
   m_comments = filer->rdString();
   m_explodable = filer->rdBool();
   m_scaling = filer->rdInt8();
+  m_units = filer->rdInt16();
+  m_layoutId = filer->rdSoftPointerId();
   OdDbObjectIdArray entities;
   const std::int32_t count = filer->rdInt32();
   for (std::int32_t i = 0; i < count; ++i) {
@@ -171,6 +203,8 @@ void OdDbBlockTableRecord::dwgOutFields(OdDbDwgFiler* filer) const {
   filer->wrString(m_comments);
   filer->wrBool(m_explodable);
   filer->wrInt8(m_scaling);
+  filer->wrInt16(m_units);
+  filer->wrSoftPointerId(m_layoutId);
   const bool skipErased = filer->filerType() == OdDb::kFileFiler;
   std::int32_t count = 0;
   for (const OdDbObjectId& id : m_entities)
@@ -185,6 +219,9 @@ OdResult OdDbBlockTableRecord::dxfInFields(OdDbDxfFiler* filer) {
   if (result != eOk) return result;
   while (!filer->atEOF() && !filer->atEndOfObject()) {
     switch (filer->nextItem()) {
+      case 340:
+        m_layoutId = filer->rdObjectId();
+        break;
       case 280:
         m_explodable = filer->rdInt8() != 0;
         break;
@@ -192,7 +229,7 @@ OdResult OdDbBlockTableRecord::dxfInFields(OdDbDxfFiler* filer) {
         m_scaling = filer->rdInt8();
         break;
       default:
-        // Layout link, units, preview and the like are not kept.
+        // The preview image and the like are not kept.
         break;
     }
   }
@@ -201,7 +238,7 @@ OdResult OdDbBlockTableRecord::dxfInFields(OdDbDxfFiler* filer) {
 
 void OdDbBlockTableRecord::dxfOutFields(OdDbDxfFiler* filer) const {
   OdDbSymbolTableRecord::dxfOutFields(filer);
-  filer->wrHardPointerId(340, OdDbObjectId::kNull);
+  filer->wrHardPointerId(340, m_layoutId);
   filer->wrInt8(280, m_explodable ? 1 : 0);
   filer->wrInt8(281, m_scaling);
 }

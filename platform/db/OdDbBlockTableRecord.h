@@ -15,7 +15,8 @@ class OdDbBlockTableRecord : public OdDbSymbolTableRecord {
   OdDbBlockTableRecord();
 
   // Adds a free entity to this block (which must be in a database: eNoDatabase) and returns its
-  // id. eAlreadyInDb for an entity already in a database. Needs write access.
+  // id. An entity already in this database and owned by nothing (a file reader's) is taken as it
+  // is; eAlreadyInDb for any other entity already in a database. Needs write access.
   OdDbObjectId appendOdDbEntity(OdDbEntity* entity);
   // The entities in append order.
   OdDbObjectIteratorPtr newIterator(bool atBeginning = true, bool skipErased = true) const;
@@ -37,13 +38,19 @@ class OdDbBlockTableRecord : public OdDbSymbolTableRecord {
   bool hasAttributeDefinitions() const;
   bool explodable() const;
   void setExplodable(bool explodable);
+  // The layout this block shows (model space and paper space blocks), or null.
+  OdDbObjectId getLayoutId() const;
+  void setLayoutId(const OdDbObjectId& layoutId);
+  // Units of the block's content, as the database's INSUNITS.
+  std::int16_t blockInsertUnits() const;
+  void setBlockInsertUnits(std::int16_t units);
   // 0 any scale, 1 uniform scale only.
   std::int8_t blockScaling() const;
   void setBlockScaling(std::int8_t scaling);
 
   OdResult dwgInFields(OdDbDwgFiler* filer) override;
   void dwgOutFields(OdDbDwgFiler* filer) const override;
-  // After the name and flags: 340 layout, 280 explodable, 281 scaling. The BLOCK and ENDBLK
+  // After the name and units (70): 340 layout, 280 explodable, 281 scaling. The BLOCK and ENDBLK
   // entities around the entities are the file's framing, written from origin() and comments().
   OdResult dxfInFields(OdDbDxfFiler* filer) override;
   void dxfOutFields(OdDbDxfFiler* filer) const override;
@@ -65,9 +72,11 @@ class OdDbBlockTableRecord : public OdDbSymbolTableRecord {
   OdDbObjectIdArray m_entities;
   // References to this block: kept as references are added and repointed, checked when read.
   mutable OdDbObjectIdArray m_referenceIds;
+  OdDbObjectId m_layoutId;
   OdGePoint3d m_origin;
   OdString m_comments;
   bool m_explodable = true;
   std::int8_t m_scaling = 0;
+  std::int16_t m_units = 0;
 };
 using OdDbBlockTableRecordPtr = OdSmartPtr<OdDbBlockTableRecord>;

@@ -102,6 +102,15 @@ class OdDbDatabase : public OdRxObject {
                           OdDbIdMapping& mapping, OdDb::DuplicateRecordCloning drc,
                           bool deferXlation = false);
 
+  // Drawing units of inserted content (0 unitless, 1 inches, 4 millimetres, ...).
+  std::int16_t getINSUNITS() const { return m_insunits; }
+  void setINSUNITS(std::int16_t units) { m_insunits = units; }
+
+  // What a file reader kept beside the object model (header variables, records of unknown
+  // sections) so that its writer can give it back; opaque to the database.
+  const OdRxObjectPtr& fileData() const { return m_fileData; }
+  void setFileData(const OdRxObjectPtr& data) { m_fileData = data; }
+
   // Where block reference lists may be stale (a reference was filed before its block).
   void invalidateBlockReferenceLists() { m_referenceListsStale = true; }
   bool blockReferenceListsStale() const { return m_referenceListsStale; }
@@ -124,5 +133,7 @@ class OdDbDatabase : public OdRxObject {
   OdDbObjectId m_regAppTableId;
   OdDbObjectId m_namedObjectsId;
   int m_lastAnonymous[2] = {0, 0};  // *U, *D
+  std::int16_t m_insunits = 0;
+  OdRxObjectPtr m_fileData;
   bool m_referenceListsStale = false;
 };

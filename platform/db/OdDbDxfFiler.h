@@ -25,7 +25,8 @@ enum DwgVersion {
   vAC21 = 27,
   vAC24 = 29,
   vAC27 = 31,
-  kDHL_CURRENT = vAC27,
+  vAC32 = 33,
+  kDHL_CURRENT = vAC32,
 };
 }  // namespace OdDb
 
@@ -72,6 +73,8 @@ class OdDbDxfFiler : public OdRxObject {
   virtual OdBinaryData rdBinaryChunk() = 0;
   // The next item as a result buffer (null at the end).
   virtual void nextRb(OdResBufPtr& item) = 0;
+  // The items up to the end of the object (atEndOfObject) as a chain; null when there are none.
+  OdResBufPtr rdItemsToEndOfObject();
 
   // Writing.
   virtual void wrString(int groupCode, const OdString& value) = 0;

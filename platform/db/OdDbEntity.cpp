@@ -280,18 +280,13 @@ OdResult OdDbEntity::dxfInFields(OdDbDxfFiler* filer) {
       case 60:
         m_invisible = filer->rdInt16() != 0;
         break;
-      case 67:
-      case 410:
-      case 347:
-      case 390:
-      case 440:
-      case 284:
-        // Paper space flag, layout name, material, plot style, transparency and shadow
-        // mode are not kept; the owner decides the space.
-        break;
-      default:
+      case 100:
         filer->pushBackItem();
         return filer->filerStatus();
+      default:
+        // Paper space flag, layout name, material, plot style, transparency, color name, shadow
+        // mode and the like are not modeled; the file layer keeps what a reader leaves.
+        break;
     }
   }
   return filer->filerStatus();

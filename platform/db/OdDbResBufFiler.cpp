@@ -115,3 +115,27 @@ OdResBufPtr OdDbResBufFiler::read(OdDbDwgFiler* filer) {
   }
   return item;
 }
+
+void OdDbResBufFiler::writeChain(OdDbDwgFiler* filer, const OdResBuf* chain) {
+  std::int32_t count = 0;
+  for (const OdResBuf* item = chain; item; item = item->next().get())
+    ++count;
+  filer->wrInt32(count);
+  for (const OdResBuf* item = chain; item; item = item->next().get())
+    write(filer, item);
+}
+
+OdResBufPtr OdDbResBufFiler::readChain(OdDbDwgFiler* filer) {
+  const std::int32_t count = filer->rdInt32();
+  OdResBufPtr head;
+  OdResBuf* tail = nullptr;
+  for (std::int32_t i = 0; i < count; ++i) {
+    OdResBufPtr item = read(filer);
+    if (tail)
+      tail->setNext(item.get());
+    else
+      head = item;
+    tail = item.get();
+  }
+  return head;
+}

@@ -11,4 +11,7 @@ class OdDbResBufFiler {
   static void write(OdDbDwgFiler* filer, const OdResBuf* item);
   // One item as written by write; eDwgObjectImproperlyRead for a code without value kind.
   static OdResBufPtr read(OdDbDwgFiler* filer);
+  // A whole chain: the item count, then each item.
+  static void writeChain(OdDbDwgFiler* filer, const OdResBuf* chain);
+  static OdResBufPtr readChain(OdDbDwgFiler* filer);
 };

@@ -36,30 +36,14 @@ OdResult OdDbXrecord::dwgInFields(OdDbDwgFiler* filer) {
   const OdResult result = OdDbObject::dwgInFields(filer);
   if (result != eOk) return result;
   m_cloning = filer->rdInt16();
-  const std::int32_t count = filer->rdInt32();
-  OdResBufPtr head;
-  OdResBuf* tail = nullptr;
-  for (std::int32_t i = 0; i < count; ++i) {
-    OdResBufPtr item = OdDbResBufFiler::read(filer);
-    if (tail)
-      tail->setNext(item.get());
-    else
-      head = item;
-    tail = item.get();
-  }
-  m_items = head;
+  m_items = OdDbResBufFiler::readChain(filer);
   return eOk;
 }
 
 void OdDbXrecord::dwgOutFields(OdDbDwgFiler* filer) const {
   OdDbObject::dwgOutFields(filer);
   filer->wrInt16(m_cloning);
-  std::int32_t count = 0;
-  for (const OdResBuf* item = m_items.get(); item; item = item->next().get())
-    ++count;
-  filer->wrInt32(count);
-  for (const OdResBuf* item = m_items.get(); item; item = item->next().get())
-    OdDbResBufFiler::write(filer, item);
+  OdDbResBufFiler::writeChain(filer, m_items.get());
 }
 
 OdResult OdDbXrecord::dxfInFields(OdDbDxfFiler* filer) {
@@ -74,19 +58,7 @@ OdResult OdDbXrecord::dxfInFields(OdDbDxfFiler* filer) {
     else
       filer->pushBackItem();
   }
-  OdResBufPtr head;
-  OdResBuf* tail = nullptr;
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
-    OdResBufPtr item;
-    filer->nextRb(item);
-    if (item.isNull()) break;
-    if (tail)
-      tail->setNext(item.get());
-    else
-      head = item;
-    tail = item.get();
-  }
-  m_items = head;
+  m_items = filer->rdItemsToEndOfObject();
   return filer->filerStatus();
 }
 

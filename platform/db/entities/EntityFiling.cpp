@@ -1,5 +1,7 @@
 #include "platform/db/entities/EntityFiling.h"
 
+#include <cmath>
+
 #include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/OdDbEntity.h"
 #include "platform/ge/OdGeAngle.h"
@@ -30,7 +32,9 @@ OdGePoint3d EntityFiling::toWcs(const OdGeVector3d& normal, const OdGePoint3d& o
 
 OdGeVector3d EntityFiling::rdNormal(OdDbDxfFiler* filer) {
   const OdGeVector3d normal = filer->rdVector3d();
-  return normal.isZeroLength() ? OdGeVector3d::kZAxis : normal.normal();
+  if (normal.isZeroLength()) return OdGeVector3d::kZAxis;
+  // A normal already of unit length stays bit for bit, so that rewriting a file changes nothing.
+  return std::abs(normal.length() - 1.0) <= 1e-12 ? normal : normal.normal();
 }
 
 void EntityFiling::requireSubclass(OdDbDxfFiler* filer, const OdDbObject* object,

@@ -284,7 +284,11 @@ OdResult OdDbMText::dxfInFields(OdDbDxfFiler* filer) {
   if (!hasDirection || inPlane(m_direction, m_normal).isZeroLength()) {
     m_direction = axes.getCsXAxis() * std::cos(rotation) + axes.getCsYAxis() * std::sin(rotation);
   }
-  m_direction = inPlane(m_direction, m_normal);
+  // A direction already in the plane and of unit length stays bit for bit, so that rewriting a
+  // file changes nothing.
+  const bool settled = std::abs(m_direction.length() - 1.0) <= 1e-12 &&
+                       std::abs(m_direction.dotProduct(m_normal)) <= 1e-12;
+  if (!settled) m_direction = inPlane(m_direction, m_normal);
   return eOk;
 }
 

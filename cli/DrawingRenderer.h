@@ -1,0 +1,62 @@
+// Draws a block of a drawing (model space, or any named block) with a QPainter in plan view:
+// every entity kind, nested block references under their transforms with their attributes,
+// colours by index, layer and block, and only what is visible, fitted to the drawing's extents.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QSizeF>
+#include <QTransform>
+#include <vector>
+
+#include "platform/db/OdDbObjectId.h"
+#include "platform/ge/OdGeExtents3d.h"
+#include "platform/ge/OdGeMatrix3d.h"
+
+class OdDbBlockReference;
+class OdDbDatabase;
+class OdDbEntity;
+class QPainter;
+
+class DrawingRenderer {
+ public:
+  // Share of the smaller side of the picture left free around the drawing.
+  static constexpr double kMargin = 0.05;
+
+  DrawingRenderer(OdDbDatabase* database, const QColor& background);
+
+  // The extents of what the block shows; invalid when it shows nothing.
+  OdGeExtents3d extents(const OdDbObjectId& blockId) const;
+  // World XY to device: extents centred in a picture of size, scaled to fit inside the margin,
+  // y up. A drawing without extents keeps its origin at the centre at scale 1.
+  static QTransform fitTransform(const OdGeExtents3d& extents, const QSizeF& size);
+  // Fills the background and draws the block fitted to a picture of size.
+  void render(QPainter& painter, const OdDbObjectId& blockId, const QSizeF& size) const;
+
+ private:
+  // What entities inside a block reference inherit from it.
+  struct Context {
+    OdGeMatrix3d xform;
+    QColor byBlock;                    // the colour of "by block" entities
+    OdDbObjectId layer;                // the layer that stands in for layer "0"
+    bool insideBlock = false;          // attribute definitions draw only at the top
+    std::vector<OdDbObjectId> blocks;  // the chain of blocks being drawn, against cycles
+  };
+
+  void drawBlock(QPainter& painter, const OdDbObjectId& blockId, const Context& context) const;
+  void drawEntity(QPainter& painter, const OdDbEntity* entity, const Context& context) const;
+  void drawReference(QPainter& painter, const OdDbBlockReference* reference,
+                     const Context& context) const;
+  // The layer the entity is drawn on: its own, or the reference's for layer "0" in a block.
+  OdDbObjectId effectiveLayer(const OdDbEntity* entity, const Context& context) const;
+  // Visible, and on a layer that is on and thawed.
+  bool isShown(const OdDbEntity* entity, const Context& context) const;
+  QColor colorOf(const OdDbEntity* entity, const Context& context) const;
+
+  OdDbDatabase* m_database;
+  QColor m_background;
+  QFont m_font;
+  // Set per render: world to device and the chord tolerance in world units.
+  mutable QTransform m_view;
+  mutable double m_tolerance = 0.1;
+};

@@ -1,0 +1,594 @@
+// DXF file reading: sections, records, owners and the records that follow their parent.
+#include "platform/dxf/DxfFileReader.h"
+
+#include <algorithm>
+
+#include "platform/db/OdDbAttribute.h"
+#include "platform/db/OdDbBlockReference.h"
+#include "platform/db/OdDbBlockTable.h"
+#include "platform/db/OdDbBlockTableRecord.h"
+#include "platform/db/OdDbDictionary.h"
+#include "platform/db/OdDbLayerTable.h"
+#include "platform/db/OdDbLayerTableRecord.h"
+#include "platform/db/OdDbRegAppTable.h"
+#include "platform/db/OdDbRegAppTableRecord.h"
+#include "platform/db/OdDbUnknownEntity.h"
+#include "platform/db/OdDbUnknownObject.h"
+#include "platform/db/entities/OdDb2dPolyline.h"
+#include "platform/db/entities/OdDb3dPolyline.h"
+#include "platform/dxf/DxfFileVersion.h"
+#include "platform/dxf/DxfR12Markers.h"
+#include "platform/rx/OdRxClass.h"
+#include "platform/rx/OdRxClassDictionary.h"
+
+namespace {
+constexpr std::size_t kShownValue = 40;
+
+OdString shown(const DxfTag& tag) {
+  if (tag.fileForm() == DxfTag::FileForm::kBinary && tag.kind() != DxfValueKind::kString &&
+      tag.kind() != DxfValueKind::kHandle)
+    return OdString();
+  std::string text(tag.raw().substr(0, kShownValue));
+  for (char& c : text)
+    if (static_cast<unsigned char>(c) < 0x20) c = '?';
+  return OdString(" '" + text + "'");
+}
+
+bool hasSubclassMarkers(const std::vector<DxfTag>& tags) {
+  return std::any_of(tags.begin(), tags.end(), [](const DxfTag& t) { return t.code() == 100; });
+}
+
+// The index of the record's own handle (5, or 105 for dimension styles), or npos.
+std::size_t handleIndex(const std::vector<DxfTag>& tags) {
+  for (std::size_t i = 0; i < tags.size(); ++i) {
+    const int code = tags[i].code();
+    if (code == 5 || code == 105) return i;
+    if (code == 100) break;
+  }
+  return std::string::npos;
+}
+
+bool hasMarker(const std::vector<DxfTag>& tags, std::string_view marker) {
+  return std::any_of(tags.begin(), tags.end(), [&](const DxfTag& t) { return t.is(100, marker); });
+}
+}  // namespace
+
+DxfFileReader::DxfFileReader(DxfTagReader& tags) : m_reader(tags) {}
+
+void DxfFileReader::fail(const DxfTag& at, const std::string& what) const {
+  throw OdError(eBadDxfSequence, at.position().str() + ": group code " + std::to_string(at.code()) +
+                                     shown(at).str() + " met, " + what);
+}
+
+OdString DxfFileReader::headName() const {
+  return m_head.asString();
+}
+
+OdDbDatabasePtr DxfFileReader::read() {
+  m_db = OdDbDatabase::createEmpty();
+  m_info = DxfFileInfo::of(m_db.get(), true);
+  m_filer = DxfFileFiler::createObject();
+  m_filer->setDatabase(m_db.get());
+  DxfTag tag;
+  bool sawSection = false;
+  while (m_reader.next(tag)) {
+    if (tag.is(0, "EOF")) break;
+    if (!tag.is(0, "SECTION")) fail(tag, "expected 0/SECTION (the start of a section)");
+    m_head = tag;
+    DxfTag name;
+    if (!m_reader.next(name))
+      fail(tag, "but the file ends where 2 (the section name) was expected");
+    if (name.code() != 2) fail(name, "expected 2 (the section name)");
+    sawSection = true;
+    const OdString section = name.asString().trimRight().makeUpper();
+    if (section == "HEADER")
+      readHeader();
+    else if (section == "CLASSES")
+      readClasses();
+    else if (section == "TABLES")
+      readTables();
+    else if (section == "BLOCKS")
+      readBlocks();
+    else if (section == "ENTITIES")
+      readEntities();
+    else if (section == "OBJECTS")
+      readObjects();
+    else
+      keepSection(section);
+  }
+  if (!sawSection)
+    throw OdError(eInvalidDxfFile, "not a DXF file: it holds no section (0/SECTION expected at " +
+                                       m_reader.position().str() + ")");
+  finish();
+  return m_db;
+}
+
+bool DxfFileReader::nextRecord(const char* section) {
+  DxfTag tag;
+  if (!m_reader.next(tag))
+    throw OdError(eBadDxfSequence, std::string("the file ends inside the ") + section +
+                                       " section (after " + m_reader.position().str() +
+                                       "): expected 0/ENDSEC");
+  if (tag.code() != 0) fail(tag, "expected 0 (the start of a record)");
+  if (tag.is(0, "ENDSEC")) return false;
+  if (tag.is(0, "EOF"))
+    fail(tag, std::string("expected 0/ENDSEC to close the ") + section + " section");
+  m_head = tag;
+  m_tags.clear();
+  while (m_reader.next(tag)) {
+    if (tag.code() == 0) {
+      m_reader.pushBack();
+      break;
+    }
+    m_tags.push_back(tag);
+  }
+  return true;
+}
+
+void DxfFileReader::readHeader() {
+  DxfTag tag;
+  DxfFileInfo::HeaderVariable* variable = nullptr;
+  while (true) {
+    if (!m_reader.next(tag))
+      throw OdError(eBadDxfSequence, "the file ends inside the HEADER section (after " +
+                                         m_reader.position().str() + "): expected 0/ENDSEC");
+    if (tag.code() == 0) {
+      if (!tag.is(0, "ENDSEC")) fail(tag, "expected 9 (a header variable) or 0/ENDSEC");
+      break;
+    }
+    if (tag.code() == 9) {
+      m_info->header.push_back({tag.asString(), DxfKeptTags()});
+      variable = &m_info->header.back();
+      continue;
+    }
+    if (!variable) fail(tag, "expected 9 (a header variable name)");
+    variable->tags.append(tag);
+    if (variable->name == "$ACADVER" && tag.code() == 1) {
+      m_version = DxfFileVersion::fromName(tag.asString());
+      m_filer->setVersion(m_version);
+    } else if (variable->name == "$HANDSEED" && tag.code() == 5) {
+      m_db->setHandseed(tag.asHandle());
+    } else if (variable->name == "$INSUNITS" && tag.code() == 70) {
+      m_db->setINSUNITS(tag.asInt16());
+    }
+  }
+}
+
+void DxfFileReader::readClasses() {
+  while (nextRecord("CLASSES")) {
+    if (!m_head.is(0, "CLASS")) fail(m_head, "expected 0/CLASS or 0/ENDSEC");
+    DxfKeptTags entry;
+    for (const DxfTag& tag : m_tags)
+      entry.append(tag);
+    m_info->classes.push_back(std::move(entry));
+  }
+}
+
+void DxfFileReader::readTables() {
+  while (nextRecord("TABLES")) {
+    if (!m_head.is(0, "TABLE")) fail(m_head, "expected 0/TABLE or 0/ENDSEC");
+    readTable();
+  }
+}
+
+void DxfFileReader::readTable() {
+  auto nameAt =
+      std::find_if(m_tags.begin(), m_tags.end(), [](const DxfTag& t) { return t.code() == 2; });
+  if (nameAt == m_tags.end()) fail(m_head, "but the table has no name (group code 2)");
+  const OdString name = nameAt->asString().trimRight().makeUpper();
+  m_tags.erase(nameAt);
+  if (!hasSubclassMarkers(m_tags)) DxfR12Markers::insert(name, DxfR12Markers::Kind::kTable, m_tags);
+
+  OdDbObjectPtr table;
+  OdRxClass* recordClass = nullptr;
+  if (name == "BLOCK_RECORD") {
+    table = OdDbBlockTable::createObject();
+    recordClass = OdDbBlockTableRecord::desc();
+  } else if (name == "LAYER") {
+    table = OdDbLayerTable::createObject();
+    recordClass = OdDbLayerTableRecord::desc();
+  } else if (name == "APPID") {
+    table = OdDbRegAppTable::createObject();
+    recordClass = OdDbRegAppTableRecord::desc();
+  } else {
+    OdDbUnknownObjectPtr kept = OdDbUnknownObject::createObject();
+    kept->setDxfRecordName("TABLE");
+    table = kept;
+  }
+  readRecord(table.get(), true);
+  const OdDbObjectId tableId = table->objectId();
+  if (name == "BLOCK_RECORD") m_db->setBlockTableId(tableId);
+  if (name == "LAYER") m_db->setLayerTableId(tableId);
+  if (name == "APPID") m_db->setRegAppTableId(tableId);
+  if (!recordClass) m_info->tables.push_back({name, tableId, {}});
+
+  while (true) {
+    if (!nextRecord("TABLES")) fail(m_head, "the section ends where 0/ENDTAB was expected");
+    if (m_head.is(0, "ENDTAB")) break;
+    if (!hasSubclassMarkers(m_tags))
+      DxfR12Markers::insert(headName(), DxfR12Markers::Kind::kTableRecord, m_tags);
+    if (recordClass) {
+      OdDbObjectPtr record = OdDbObject::cast(recordClass->create().get());
+      readRecord(record.get(), true);
+      auto* symbols = static_cast<OdDbSymbolTable*>(table.get());
+      record->setOwnerId(OdDbObjectId::kNull);
+      try {
+        symbols->add(static_cast<OdDbSymbolTableRecord*>(record.get()));
+      } catch (const OdError& e) {
+        throw OdError(e.code(), m_head.position().str() + ": " + headName().str() + " record " +
+                                    record->describe().str() + ": " + e.description());
+      }
+    } else {
+      OdDbUnknownObjectPtr record = OdDbUnknownObject::createObject();
+      record->setDxfRecordName(headName());
+      readRecord(record.get(), true);
+      m_info->tables.back().recordIds.append(record->objectId());
+    }
+  }
+}
+
+OdDbObjectId DxfFileReader::blockNamed(const OdString& name, bool create) {
+  if (m_db->getBlockTableId().isNull()) {
+    if (!create) return OdDbObjectId::kNull;
+    OdDbBlockTablePtr table = OdDbBlockTable::createObject();
+    m_db->setBlockTableId(m_db->addOdDbObject(table.get()));
+  }
+  OdDbObjectPtr tableObject = m_db->openObject(m_db->getBlockTableId(), OdDb::kForRead);
+  auto* table = static_cast<OdDbSymbolTable*>(tableObject.get());
+  OdDbObjectId id = table->lookup(name);
+  if (!id.isNull() || !create) return id;
+  tableObject.release();
+  tableObject = m_db->openObject(m_db->getBlockTableId(), OdDb::kForWrite);
+  OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::createObject();
+  record->setName(name);
+  return static_cast<OdDbSymbolTable*>(tableObject.get())->add(record.get());
+}
+
+OdDbBlockTableRecord* DxfFileReader::openBlock(const OdDbObjectId& id) {
+  auto found = m_openBlocks.find(id.stub());
+  if (found != m_openBlocks.end()) return static_cast<OdDbBlockTableRecord*>(found->second.get());
+  OdDbObjectPtr block = m_db->openObject(id, OdDb::kForWrite);
+  if (!block->isKindOf(OdDbBlockTableRecord::desc()))
+    fail(m_head, "but the owner " + block->describe().str() + " is not a block");
+  auto* raw = static_cast<OdDbBlockTableRecord*>(block.get());
+  m_openBlocks.emplace(id.stub(), block);
+  return raw;
+}
+
+void DxfFileReader::readBlocks() {
+  while (nextRecord("BLOCKS")) {
+    if (!m_head.is(0, "BLOCK")) fail(m_head, "expected 0/BLOCK or 0/ENDSEC");
+    OdDbHandle beginHandle;
+    OdDbHandle ownerHandle;
+    OdString name;
+    OdString altName;
+    OdString comments;
+    DxfFileInfo::BlockFraming framing;
+    OdGePoint3d origin;
+    for (const DxfTag& tag : m_tags) {
+      switch (tag.code()) {
+        case 5:
+          beginHandle = tag.asHandle();
+          break;
+        case 330:
+          ownerHandle = tag.asHandle();
+          break;
+        case 8:
+          framing.layer = tag.asString();
+          break;
+        case 2:
+          name = tag.asString();
+          break;
+        case 3:
+          altName = tag.asString();
+          break;
+        case 1:
+          framing.xrefPath = tag.asString();
+          break;
+        case 4:
+          comments = tag.asString();
+          break;
+        case 70:
+          framing.xrefFlags = static_cast<std::int16_t>(tag.asInt16() & ~3);
+          break;
+        case 10:
+          origin.x = tag.asDouble();
+          break;
+        case 20:
+          origin.y = tag.asDouble();
+          break;
+        case 30:
+          origin.z = tag.asDouble();
+          break;
+        default:
+          break;
+      }
+    }
+    if (name.isEmpty()) name = altName;
+    if (name.isEmpty()) fail(m_head, "but the block has no name (group code 2)");
+    if (name.iEquals("$MODEL_SPACE")) name = "*Model_Space";
+    if (name.iEquals("$PAPER_SPACE")) name = "*Paper_Space";
+    OdDbObjectId blockId = m_db->getOdDbObjectId(ownerHandle);
+    const OdDbObject* owner = blockId.isNull() ? nullptr : blockId.stub()->object();
+    if (!owner || !owner->isKindOf(OdDbBlockTableRecord::desc())) blockId = blockNamed(name, true);
+    OdDbBlockTableRecord* block = openBlock(blockId);
+    block->setOrigin(origin);
+    block->setComments(comments);
+    m_info->blockFraming[blockId.stub()] = framing;
+
+    while (true) {
+      if (!nextRecord("BLOCKS"))
+        fail(m_head, "the section ends inside block \"" + name.str() + "\": expected 0/ENDBLK");
+      if (m_head.is(0, "ENDBLK")) break;
+      readEntity(blockId);
+    }
+    endFollowers();
+    const std::size_t end = handleIndex(m_tags);
+    const OdDbHandle endHandle = end == std::string::npos ? OdDbHandle() : m_tags[end].asHandle();
+    if (!beginHandle.isNull() && !endHandle.isNull()) {
+      m_db->getOdDbObjectId(beginHandle, true);
+      m_db->getOdDbObjectId(endHandle, true);
+      m_info->setRecordHandles(blockId, {beginHandle, endHandle});
+    }
+  }
+  m_openBlocks.clear();
+}
+
+void DxfFileReader::readEntities() {
+  while (nextRecord("ENTITIES"))
+    readEntity(OdDbObjectId::kNull);
+  endFollowers();
+  m_openBlocks.clear();
+}
+
+void DxfFileReader::endFollowers() {
+  if (m_parent.isNull()) return;
+  m_parent.release();
+  m_followerHandles.clear();
+}
+
+void DxfFileReader::readEntity(const OdDbObjectId& block) {
+  const OdString name = headName();
+  const bool follower = name == "ATTRIB" || name == "VERTEX" || name == "SEQEND";
+  if (!m_parent.isNull() && follower) {
+    OdDbObject* parent = m_parent.get();
+    auto* polyline2d = OdDb2dPolyline::cast(parent).get();
+    auto* polyline3d = OdDb3dPolyline::cast(parent).get();
+    if (!hasSubclassMarkers(m_tags))
+      DxfR12Markers::insert(name, DxfR12Markers::Kind::kEntity, m_tags, polyline3d != nullptr);
+    if (parent->isKindOf(OdDbUnknownEntity::desc())) {
+      OdDbObjectPtr record = createRecord(true);
+      readRecord(record.get(), true);
+      record->setOwnerId(parent->objectId());
+      m_info->followers[parent->objectId().stub()].append(record->objectId());
+      if (name == "SEQEND") endFollowers();
+      return;
+    }
+    OdDbHandle handle;
+    if (name == "SEQEND") {
+      if (polyline2d || polyline3d) {
+        OdDbSequenceEndPtr end = polyline2d ? polyline2d->sequenceEnd() : polyline3d->sequenceEnd();
+        readRecord(end.get(), false, &handle);
+      } else {
+        const std::size_t at = handleIndex(m_tags);
+        if (at != std::string::npos) handle = m_tags[at].asHandle();
+      }
+      m_followerHandles.push_back(handle);
+      const bool allKept = std::none_of(m_followerHandles.begin(), m_followerHandles.end(),
+                                        [](const OdDbHandle& h) { return h.isNull(); });
+      if (allKept) {
+        for (const OdDbHandle& kept : m_followerHandles)
+          m_db->getOdDbObjectId(kept, true);
+        m_info->setRecordHandles(parent->objectId(), m_followerHandles);
+      }
+      endFollowers();
+      return;
+    }
+    if (name == "ATTRIB" && parent->isKindOf(OdDbBlockReference::desc())) {
+      OdDbAttributePtr attribute = OdDbAttribute::createObject();
+      readRecord(attribute.get(), true);
+      attribute->setOwnerId(OdDbObjectId::kNull);
+      static_cast<OdDbBlockReference*>(parent)->appendAttribute(attribute.get());
+      return;
+    }
+    if (name == "VERTEX" && polyline2d && hasMarker(m_tags, "AcDb2dVertex")) {
+      OdDb2dVertexPtr vertex = OdDb2dVertex::createObject();
+      readRecord(vertex.get(), false, &handle);
+      m_followerHandles.push_back(handle);
+      polyline2d->appendVertex(vertex);
+      return;
+    }
+    if (name == "VERTEX" && polyline3d && hasMarker(m_tags, "AcDb3dPolylineVertex")) {
+      OdDb3dPolylineVertexPtr vertex = OdDb3dPolylineVertex::createObject();
+      readRecord(vertex.get(), false, &handle);
+      m_followerHandles.push_back(handle);
+      polyline3d->appendVertex(vertex);
+      return;
+    }
+    fail(m_head, "but a " + name.str() + " record cannot follow " + parent->describe().str());
+  }
+  endFollowers();
+  if (!hasSubclassMarkers(m_tags))
+    DxfR12Markers::insert(name, DxfR12Markers::Kind::kEntity, m_tags);
+  if (follower) fail(m_head, "but a " + name.str() + " record must follow its parent");
+
+  OdDbObjectPtr entity = createRecord(true);
+  if (entity->isKindOf(OdDbBlockReference::desc())) {
+    // A reference may name a block defined later in the file (files without a block table).
+    auto blockName =
+        std::find_if(m_tags.begin(), m_tags.end(), [](const DxfTag& t) { return t.code() == 2; });
+    if (blockName != m_tags.end()) blockNamed(blockName->asString(), true);
+  }
+  readRecord(entity.get(), true);
+
+  OdDbObjectId owner = block;
+  if (owner.isNull()) {
+    owner = entity->ownerId();
+    const OdDbObject* ownerObject = owner.isNull() ? nullptr : owner.stub()->object();
+    if (!ownerObject || !ownerObject->isKindOf(OdDbBlockTableRecord::desc())) {
+      const bool paper = std::any_of(m_tags.begin(), m_tags.end(), [](const DxfTag& t) {
+        return t.code() == 67 && t.asInt16() != 0;
+      });
+      owner = blockNamed(paper ? "*Paper_Space" : "*Model_Space", true);
+    }
+  }
+  entity->setOwnerId(OdDbObjectId::kNull);
+  openBlock(owner)->appendOdDbEntity(static_cast<OdDbEntity*>(entity.get()));
+
+  const bool unknownParent =
+      entity->isKindOf(OdDbUnknownEntity::desc()) &&
+      (name == "POLYLINE" || std::any_of(m_tags.begin(), m_tags.end(), [](const DxfTag& t) {
+         return t.code() == 66 && t.asInt16() != 0;
+       }));
+  if (entity->isKindOf(OdDbBlockReference::desc()) || entity->isKindOf(OdDb2dPolyline::desc()) ||
+      entity->isKindOf(OdDb3dPolyline::desc()) || unknownParent) {
+    m_parent = entity;
+    m_followerHandles.clear();
+  }
+}
+
+void DxfFileReader::readObjects() {
+  while (nextRecord("OBJECTS")) {
+    OdDbObjectPtr object = createRecord(false);
+    readRecord(object.get(), true);
+    if (m_db->getNamedObjectsDictionaryId().isNull() && object->isKindOf(OdDbDictionary::desc()))
+      m_db->setNamedObjectsDictionaryId(object->objectId());
+  }
+}
+
+void DxfFileReader::keepSection(const OdString& name) {
+  DxfFileInfo::KeptSection section{name, DxfKeptTags()};
+  DxfTag tag;
+  while (true) {
+    if (!m_reader.next(tag))
+      throw OdError(eBadDxfSequence, "the file ends inside the " + name.str() + " section (after " +
+                                         m_reader.position().str() + "): expected 0/ENDSEC");
+    if (tag.is(0, "ENDSEC")) break;
+    if (tag.is(0, "EOF")) fail(tag, "expected 0/ENDSEC to close the " + name.str() + " section");
+    section.tags.append(tag);
+  }
+  m_info->sections.push_back(std::move(section));
+}
+
+OdDbObjectPtr DxfFileReader::createRecord(bool entity) {
+  const OdString name = headName();
+  OdRxClass* cls = nullptr;
+  if (name == "POLYLINE") {
+    if (hasMarker(m_tags, "AcDb2dPolyline")) cls = OdDb2dPolyline::desc();
+    if (hasMarker(m_tags, "AcDb3dPolyline")) cls = OdDb3dPolyline::desc();
+  } else if (name == "VERTEX") {
+    if (hasMarker(m_tags, "AcDb2dVertex")) cls = OdDb2dVertex::desc();
+    if (hasMarker(m_tags, "AcDb3dPolylineVertex")) cls = OdDb3dPolylineVertex::desc();
+  } else {
+    cls = OdRxClassDictionary::instance().findByDxfName(name);
+  }
+  const bool isEntityClass = cls && cls->isDerivedFrom(OdDbEntity::desc());
+  if (cls && cls->constructor() && cls->isDerivedFrom(OdDbObject::desc()) &&
+      isEntityClass == entity) {
+    OdRxObjectPtr made = cls->create();
+    if (!made.isNull()) return OdDbObject::cast(made.get());
+  }
+  if (entity) {
+    OdDbUnknownEntityPtr unknown = OdDbUnknownEntity::createObject();
+    unknown->setDxfRecordName(name);
+    return unknown;
+  }
+  OdDbUnknownObjectPtr unknown = OdDbUnknownObject::createObject();
+  unknown->setDxfRecordName(name);
+  return unknown;
+}
+
+void DxfFileReader::readRecord(OdDbObject* object, bool resident, OdDbHandle* handleOut) {
+  const std::size_t at = handleIndex(m_tags);
+  const OdDbHandle handle = at == std::string::npos ? OdDbHandle() : m_tags[at].asHandle();
+  const auto context = [&]() {
+    const OdRxClass* cls = object->isA();
+    return m_head.position().str() + ": " + headName().str() + " record (handle " +
+           (handle.isNull() ? std::string("none") : handle.ascii().str()) + ", class " +
+           (cls ? cls->name().str() : std::string("?")) + ")";
+  };
+  if (resident) {
+    try {
+      m_db->addOdDbObject(object, OdDbObjectId::kNull, handle);
+    } catch (const OdError& e) {
+      throw OdError(e.code(), context() + ": " + e.description());
+    }
+  } else {
+    if (at != std::string::npos) m_tags.erase(m_tags.begin() + static_cast<std::ptrdiff_t>(at));
+    if (handleOut) *handleOut = handle;
+  }
+  m_filer->startRecord(&m_tags);
+  try {
+    const OdResult result = object->dxfInFields(m_filer.get());
+    if (result != eOk)
+      throw OdError(result, "its reader stopped at " + m_filer->describePosition().str());
+    if (resident) {
+      DxfLeftovers leftovers = m_filer->takeLeftovers();
+      if (!leftovers.empty()) m_info->leftovers[object->objectId().stub()] = std::move(leftovers);
+    }
+    auto xdata = std::find_if(m_tags.begin(), m_tags.end(),
+                              [](const DxfTag& t) { return t.code() == 1001; });
+    if (xdata != m_tags.end()) {
+      m_filer->seek(static_cast<std::size_t>(xdata - m_tags.begin()));
+      OdResBufPtr head;
+      OdResBuf* tail = nullptr;
+      while (!m_filer->atEOF()) {
+        OdResBufPtr item;
+        m_filer->nextRb(item);
+        // A y or z without its x (some R12 writers leave them) has no place in a chain.
+        if (item->restype() >= 1020 && item->restype() <= 1039) continue;
+        if (tail)
+          tail->setNext(item.get());
+        else
+          head = item;
+        tail = item.get();
+      }
+      // Applications are registered once the application table is read.
+      if (resident)
+        m_pendingXData.push_back({object->objectId(), head, context()});
+      else
+        object->setXData(head.get());
+    }
+  } catch (const OdError& e) {
+    throw OdError(e.code(), context() + " could not be read: " + e.description());
+  }
+}
+
+void DxfFileReader::finish() {
+  endFollowers();
+  m_openBlocks.clear();
+  blockNamed("*Model_Space", true);
+  blockNamed("*Paper_Space", true);
+  if (m_db->getLayerTableId().isNull()) {
+    OdDbLayerTablePtr layers = OdDbLayerTable::createObject();
+    m_db->setLayerTableId(m_db->addOdDbObject(layers.get()));
+  }
+  {
+    OdDbObjectPtr layers = m_db->openObject(m_db->getLayerTableId(), OdDb::kForWrite);
+    auto* table = static_cast<OdDbSymbolTable*>(layers.get());
+    if (table->lookup("0").isNull()) {
+      OdDbLayerTableRecordPtr zero = OdDbLayerTableRecord::createObject();
+      zero->setName("0");
+      table->add(zero.get());
+    }
+  }
+  if (m_db->getRegAppTableId().isNull()) {
+    OdDbRegAppTablePtr apps = OdDbRegAppTable::createObject();
+    m_db->setRegAppTableId(m_db->addOdDbObject(apps.get()));
+  }
+  m_db->registerApplication("ACAD");
+  for (const PendingXData& pending : m_pendingXData) {
+    try {
+      m_db->openObject(pending.id, OdDb::kForWrite)->setXData(pending.items.get());
+    } catch (const OdError& e) {
+      throw OdError(e.code(),
+                    pending.context + ": its extended data is malformed: " + e.description());
+    }
+  }
+  m_pendingXData.clear();
+  if (m_db->getNamedObjectsDictionaryId().isNull()) {
+    OdDbDictionaryPtr named = OdDbDictionary::createObject();
+    m_db->setNamedObjectsDictionaryId(m_db->addOdDbObject(named.get()));
+  }
+  m_db->invalidateBlockReferenceLists();
+}
