@@ -100,27 +100,6 @@ void OdDb2dPolyline::setElevation(double elevation) {
   m_elevation = elevation;
 }
 
-double OdDb2dPolyline::thickness() const {
-  assertReadEnabled();
-  return m_thickness;
-}
-
-void OdDb2dPolyline::setThickness(double thickness) {
-  assertWriteEnabled();
-  m_thickness = thickness;
-}
-
-OdGeVector3d OdDb2dPolyline::normal() const {
-  assertReadEnabled();
-  return m_normal;
-}
-
-void OdDb2dPolyline::setNormal(const OdGeVector3d& normal) {
-  if (normal.isZeroLength()) throw OdError(eInvalidInput, "OdDb2dPolyline::setNormal: zero normal");
-  assertWriteEnabled();
-  m_normal = normal.normal();
-}
-
 bool OdDb2dPolyline::hasBulges() const {
   for (const OdDb2dVertexPtr& vertex : m_vertices) {
     if (vertex->bulge() != 0.0) return true;

@@ -4,10 +4,10 @@
 // vertexAt and sequenceEnd and hands back through appendVertex.
 #pragma once
 
-#include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/ExtrudedEntity.h"
 #include "platform/db/entities/VertexList.h"
 
-class OdDb2dPolyline : public OdDbEntity {
+class OdDb2dPolyline : public ExtrudedEntity {
   ODRX_DECLARE_MEMBERS(OdDb2dPolyline);
 
  public:
@@ -39,10 +39,6 @@ class OdDb2dPolyline : public OdDbEntity {
   void setDefaultEndWidth(double width);
   double elevation() const;
   void setElevation(double elevation);
-  double thickness() const;
-  void setThickness(double thickness);
-  OdGeVector3d normal() const;
-  void setNormal(const OdGeVector3d& normal);
 
   // As the lightweight polyline: a mirror negates bulges; a non-uniform scale with bulges gives
   // eCannotScaleNonUniformly, and getTransformedCopy the exact spline instead.
@@ -69,7 +65,5 @@ class OdDb2dPolyline : public OdDbEntity {
   double m_defaultStartWidth = 0.0;
   double m_defaultEndWidth = 0.0;
   double m_elevation = 0.0;
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
 };
 using OdDb2dPolylinePtr = OdSmartPtr<OdDb2dPolyline>;

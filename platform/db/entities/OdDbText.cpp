@@ -168,27 +168,6 @@ void OdDbText::mirrorInY(bool mirrored) {
   m_mirroredY = mirrored;
 }
 
-double OdDbText::thickness() const {
-  assertReadEnabled();
-  return m_thickness;
-}
-
-void OdDbText::setThickness(double thickness) {
-  assertWriteEnabled();
-  m_thickness = thickness;
-}
-
-OdGeVector3d OdDbText::normal() const {
-  assertReadEnabled();
-  return m_normal;
-}
-
-void OdDbText::setNormal(const OdGeVector3d& normal) {
-  if (normal.isZeroLength()) throw OdError(eInvalidInput, "OdDbText::setNormal: zero normal");
-  assertWriteEnabled();
-  m_normal = normal.normal();
-}
-
 OdResult OdDbText::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();
   const PlanarTransform plane(matrix, m_normal);

@@ -3,7 +3,7 @@
 // Attribute definitions and attributes share this geometry by deriving from it.
 #pragma once
 
-#include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/ExtrudedEntity.h"
 
 namespace OdDb {
 enum TextHorzMode {
@@ -17,7 +17,7 @@ enum TextHorzMode {
 enum TextVertMode { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
 }  // namespace OdDb
 
-class OdDbText : public OdDbEntity {
+class OdDbText : public ExtrudedEntity {
   ODRX_DECLARE_MEMBERS(OdDbText);
 
  public:
@@ -52,10 +52,6 @@ class OdDbText : public OdDbEntity {
   void mirrorInX(bool mirrored);
   bool isMirroredInY() const;
   void mirrorInY(bool mirrored);
-  double thickness() const;
-  void setThickness(double thickness);
-  OdGeVector3d normal() const;
-  void setNormal(const OdGeVector3d& normal);
 
   // Similarities only (eCannotScaleNonUniformly otherwise, also from getTransformedCopy). A
   // mirror keeps the text readable: both points are mirrored and the rotation is the mirrored
@@ -110,7 +106,5 @@ class OdDbText : public OdDbEntity {
   OdDb::TextVertMode m_vertical = OdDb::kTextBase;
   bool m_mirroredX = false;
   bool m_mirroredY = false;
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
 };
 using OdDbTextPtr = OdSmartPtr<OdDbText>;
