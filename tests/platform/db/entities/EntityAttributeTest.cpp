@@ -114,16 +114,43 @@ TEST_F(AttributeFromBlockTest, KindsAreTextsFilingTheTextPartFirst) {
   EXPECT_EQ(subclassCodes(dxfItems(attribute.get()), "AcDbAttribute"),
             (std::vector<int>{280, 2, 70, 74, 280}));
 
+  // In a tilted plane the text part is what a text with the same data files, points in the
+  // object system included.
+  const OdGeVector3d tilted = OdGeVector3d(0.5, 0.2, 1.0).normal();
+  definition->setNormal(tilted);
+  OdDbTextPtr text = OdDbText::createObject();
+  text->setNormal(tilted);
+  for (OdDbText* each : {static_cast<OdDbText*>(definition.get()), text.get()}) {
+    each->setPosition(pt(2, -1, 3));
+    each->setAlignmentPoint(pt(5, 1, 3));
+  }
+  text->setTextString("40");
+  text->setHorizontalMode(OdDb::kTextCenter);
+  text->setHeight(0.5);
+  text->setRotation(0.25);
+  text->setWidthFactor(0.9);
+  text->setStyleName("Notes");
+  const OdResBufPtr textItems = dxfItems(text.get());
+  const OdResBufPtr tiltedItems = dxfItems(definition.get());
+  EXPECT_EQ(subclassCodes(tiltedItems, "AcDbText"), subclassCodes(textItems, "AcDbText"));
+  for (int code : {10, 11, 210})
+    EXPECT_TRUE(itemAfter(tiltedItems, "AcDbText", code)
+                    ->isEqualTo(itemAfter(textItems, "AcDbText", code).get()))
+        << "group " << code;
+  EXPECT_TRUE(isNear(itemAfter(tiltedItems, "AcDbText", 10)->getPoint3d(),
+                     OdGeMatrix3d::worldToPlane(tilted) * pt(2, -1, 3)));
+
   // Read back, both sides agree on every field; an attribute part under the wrong subclass is a
   // bad sequence.
-  OdDbResBufDxfFilerPtr in = OdDbResBufDxfFiler::createObject(nullptr, items);
+  OdDbResBufDxfFilerPtr in = OdDbResBufDxfFiler::createObject(nullptr, tiltedItems);
   OdDbAttributeDefinitionPtr copy = OdDbAttributeDefinition::createObject();
   ASSERT_EQ(copy->dxfInFields(in.get()), eOk);
   EXPECT_TRUE(sameDxf(copy.get(), definition.get()));
   EXPECT_EQ(copy->prompt(), "Width?");
-  EXPECT_TRUE(isNear(copy->alignmentPoint(), pt(3, 1.5)));
+  EXPECT_TRUE(isNear(copy->alignmentPoint(), pt(5, 1, 3)));
+  EXPECT_TRUE(isNear(copy->normal(), tilted));
   EXPECT_EQ(copy->verticalMode(), OdDb::kTextTop);
-  in = OdDbResBufDxfFiler::createObject(nullptr, items);
+  in = OdDbResBufDxfFiler::createObject(nullptr, tiltedItems);
   OdDbAttributePtr wrongKind = OdDbAttribute::createObject();
   try {
     wrongKind->dxfInFields(in.get());
