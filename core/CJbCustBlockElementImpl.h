@@ -22,6 +22,22 @@ class CJbCustBlockElementImpl {
   // Copies the fields that the base element files (id, visibility, name, connections).
   void CopyBaseFieldsFrom(const CJbCustBlockElementImpl& source);
 
+  // Sets the suppress-base-filing flag for its lifetime, so that only a class's own data is filed.
+  class BaseFilingSuppressor {
+   public:
+    explicit BaseFilingSuppressor(CJbCustBlockElementImpl& impl)
+        : m_impl(impl), m_previous(impl.m_suppressBaseFiling) {
+      impl.m_suppressBaseFiling = true;
+    }
+    ~BaseFilingSuppressor() { m_impl.m_suppressBaseFiling = m_previous; }
+    BaseFilingSuppressor(const BaseFilingSuppressor&) = delete;
+    BaseFilingSuppressor& operator=(const BaseFilingSuppressor&) = delete;
+
+   private:
+    CJbCustBlockElementImpl& m_impl;
+    bool m_previous;
+  };
+
   // While set, the base element's filing reads and writes nothing.
   bool m_suppressBaseFiling = false;
   int m_elementId = 0;

@@ -20,21 +20,7 @@ const int kIdGroupCodes[4] = {350, 360, 330, 340};
 // Binary chunks are written at most this long, as DXF readers expect.
 const unsigned kChunkSize = 127;
 
-// Sets an element's suppress-base-filing flag for the lifetime of the guard.
-class SuppressBaseFiling {
- public:
-  explicit SuppressBaseFiling(CJbCustBlockElementImpl& impl)
-      : m_impl(impl), m_previous(impl.m_suppressBaseFiling) {
-    impl.m_suppressBaseFiling = true;
-  }
-  ~SuppressBaseFiling() { m_impl.m_suppressBaseFiling = m_previous; }
-  SuppressBaseFiling(const SuppressBaseFiling&) = delete;
-  SuppressBaseFiling& operator=(const SuppressBaseFiling&) = delete;
-
- private:
-  CJbCustBlockElementImpl& m_impl;
-  bool m_previous;
-};
+using SuppressBaseFiling = CJbCustBlockElementImpl::BaseFilingSuppressor;
 }  // namespace
 
 CJbCustBlockProxyElement::CJbCustBlockProxyElement()

@@ -2,20 +2,30 @@
 #include "core/CJbDbCustBlockGraph.h"
 
 #include <memory>
+#include <new>
+#include <string>
 #include <vector>
 
 #include "core/CJbCustBlockCyclingGrip.h"
 #include "core/CJbCustBlockElementClasses.h"
 #include "core/CJbCustBlockElementImpl.h"
 #include "core/CJbCustBlockGraphReactor.h"
+#include "core/CJbCustBlockProxyElement.h"
 #include "core/CJbCustBlockSettingsElement.h"
 #include "core/CJbDbCustBlockAttributeSnapshot.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "core/CJbDbCustBlockGraphImpl.h"
+#include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "platform/db/OdDbAttribute.h"
 #include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
+#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/db/OdDbWriteGuard.h"
+#include "platform/host/CJbCustBlockUtils.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DEFINE_MEMBERS_NAMED(CJbDbCustBlockGraph, "JbDbCustBlockGraph", OdDbObject,
@@ -414,6 +424,494 @@ void CJbDbCustBlockGraph::UpdateCyclingOrder(int id) {
   const bool listed = order.contains(id);
   if (isGrip && !listed) order.append(id);
   if (!isGrip && listed) order.remove(id);
+}
+
+OdString CJbDbCustBlockGraph::GetIdentifier() const {
+  assertReadEnabled();
+  return m_pImpl->Identifier();
+}
+
+namespace {
+using Impl = CJbDbCustBlockGraphImpl;
+
+bool isCurrentVersion(int major, int minor) {
+  return major == Impl::kCurrentMajorVersion && minor == Impl::kCurrentMinorVersion;
+}
+
+// Graphs before 0.2 carry no identifier.
+bool filesIdentifier(int major, int minor) {
+  return major > 0 || minor >= 2;
+}
+
+// From 0.3 to 0.5 the cycling order was filed in the graph itself.
+bool filesOrderInGraph(int major, int minor) {
+  return major == 0 && minor >= 3 && minor <= 5;
+}
+
+// Makes the next DXF item current when it carries `code`; otherwise leaves it for the next read.
+bool nextGroupIs(OdDbDxfFiler* filer, int code) {
+  if (filer->nextItem() == code) return true;
+  filer->pushBackItem();
+  return false;
+}
+
+const char kSubclass[] = "JbDbCustBlockGraph";
+const char kVersionMarker[] = "VERSION";
+}  // namespace
+
+void CJbDbCustBlockGraph::SetFiledVersion(int major, int minor, OdDbDatabase* fileDatabase) {
+  m_pImpl->m_majorVersion = major;
+  m_pImpl->m_minorVersion = minor;
+  const bool newer = major > Impl::kCurrentMajorVersion ||
+                     (major == Impl::kCurrentMajorVersion && minor > Impl::kCurrentMinorVersion);
+  if (newer && fileDatabase) CJbCustBlockUtils::Get()->SetNewerFormatFound(fileDatabase);
+}
+
+CJbCustBlockElementPtr CJbDbCustBlockGraph::NodeFromProxy(const CJbCustBlockElementPtr& proxy) {
+  CJbCustBlockElementPtr element;
+  try {
+    element = static_cast<const CJbCustBlockProxyElement*>(proxy.get())->CreateElement(this);
+  } catch (const OdError&) {
+    // Data that its class cannot read back is kept as it was read, like an unknown class.
+    element = CJbCustBlockElementPtr();
+  }
+  if (element.isNull()) return proxy;
+  // Read at another version, the element is written back as it was read until the graph is
+  // upgraded.
+  if (!isCurrentVersion(m_pImpl->m_majorVersion, m_pImpl->m_minorVersion))
+    element->Impl()->m_proxyElement = proxy;
+  return element;
+}
+
+OdResult CJbDbCustBlockGraph::InsertReadNode(const CJbCustBlockElementPtr& proxy) {
+  const int id = static_cast<const CJbCustBlockElement*>(proxy.get())->Impl()->m_elementId;
+  if (m_pImpl->m_nodes.count(id) != 0) return eDuplicateKey;
+  CJbCustBlockElementPtr node = NodeFromProxy(proxy);
+  node->SetGraph(this);
+  m_pImpl->m_nodes.emplace(id, CJbDbCustBlockGraphImpl::Node{node});
+  return eOk;
+}
+
+OdResult CJbDbCustBlockGraph::NodeDwgInFields(OdDbDwgFiler* filer) {
+  const int count = filer->rdInt32();
+  if (count < 0) return eDwgObjectImproperlyRead;
+  for (int i = 0; i < count; ++i) {
+    CJbCustBlockProxyElementPtr proxy(new CJbCustBlockProxyElement);
+    OdResult result = proxy->dwgInFields(filer, this);
+    if (result == eOk) result = InsertReadNode(proxy);
+    if (result != eOk) return result;
+  }
+  return eOk;
+}
+
+OdResult CJbDbCustBlockGraph::NodeDxfInFields(OdDbDxfFiler* filer) {
+  if (!nextGroupIs(filer, 90)) return eBadDxfSequence;
+  const int count = filer->rdInt32();
+  if (count < 0) return eBadDxfSequence;
+  for (int i = 0; i < count; ++i) {
+    CJbCustBlockProxyElementPtr proxy(new CJbCustBlockProxyElement);
+    OdResult result = proxy->dxfInFields(filer, this);
+    if (result == eOk) result = InsertReadNode(proxy);
+    if (result != eOk) return result;
+  }
+  return eOk;
+}
+
+namespace {
+// The form a node is filed in: itself when it is a proxy, the proxy it was read from while that
+// is attached, else a proxy made from it now.
+CJbCustBlockElementPtr filedForm(const CJbCustBlockElement* node,
+                                 const CJbCustBlockElementPtr& attached,
+                                 const CJbDbCustBlockGraph* graph) {
+  if (node->IsProxy()) return CJbCustBlockElementPtr(const_cast<CJbCustBlockElement*>(node));
+  if (!attached.isNull()) return attached;
+  return CJbCustBlockProxyElement::CreateProxyFromElement(node, graph);
+}
+}  // namespace
+
+void CJbDbCustBlockGraph::NodeDwgOutFields(OdDbDwgFiler* filer) const {
+  filer->wrInt32(static_cast<int>(m_pImpl->m_nodes.size()));
+  for (const auto& entry : m_pImpl->m_nodes) {
+    const CJbCustBlockElement* node = entry.second.element.get();
+    filedForm(node, node->Impl()->m_proxyElement, this)->dwgOutFields(filer, this);
+  }
+}
+
+void CJbDbCustBlockGraph::NodeDxfOutFields(OdDbDxfFiler* filer) const {
+  filer->wrInt32(90, static_cast<int>(m_pImpl->m_nodes.size()));
+  for (const auto& entry : m_pImpl->m_nodes) {
+    const CJbCustBlockElement* node = entry.second.element.get();
+    filedForm(node, node->Impl()->m_proxyElement, this)->dxfOutFields(filer, this);
+  }
+}
+
+namespace {
+// Runs one read of the record: an error, thrown or returned, leaves the graph empty. Reading is no
+// edit, so reactors hear nothing of it.
+template <class Read>
+OdResult readRecord(CJbDbCustBlockGraphImpl& impl, Read read) {
+  OdResult result = eOk;
+  try {
+    result = read();
+  } catch (const OdError& error) {
+    result = error.code();
+  } catch (const std::bad_alloc&) {
+    result = eOutOfMemory;
+  }
+  if (result != eOk) impl.ClearContents();
+  impl.m_changeLog.clear();
+  return result;
+}
+}  // namespace
+
+OdResult CJbDbCustBlockGraph::dwgInFields(OdDbDwgFiler* filer) {
+  CJbDbCustBlockGraphImpl& impl = *m_pImpl;
+  return readRecord(impl, [&]() {
+    OdResult result = OdDbObject::dwgInFields(filer);
+    impl.ClearContents();
+    if (result != eOk) return result;
+    const int major = filer->rdInt32();
+    const int minor = filer->rdInt32();
+    SetFiledVersion(major, minor,
+                    filer->filerType() == OdDb::kFileFiler ? filer->database() : nullptr);
+    const int lastId = filer->rdInt32();
+    impl.m_lastId = lastId < 1 ? 1 : lastId;
+    impl.m_blockDefinitionId = filer->rdSoftPointerId();
+    result = NodeDwgInFields(filer);
+    if (result != eOk) return result;
+    Reset(OdDbObjectId::kNull, false);
+    impl.m_identifier = filesIdentifier(major, minor) ? filer->rdString() : OdString();
+    if (filesOrderInGraph(major, minor)) {
+      const int count = filer->rdInt32();
+      if (count < 0) return eDwgObjectImproperlyRead;
+      for (int i = 0; i < count; ++i)
+        impl.m_cyclingOrder.append(filer->rdInt32());
+      UpdateToCurrentVersion();
+    }
+    return eOk;
+  });
+}
+
+void CJbDbCustBlockGraph::dwgOutFields(OdDbDwgFiler* filer) const {
+  OdDbObject::dwgOutFields(filer);
+  const CJbDbCustBlockGraphImpl& impl = *m_pImpl;
+  filer->wrInt32(impl.m_majorVersion);
+  filer->wrInt32(impl.m_minorVersion);
+  filer->wrInt32(impl.m_lastId);
+  filer->wrSoftPointerId(impl.m_blockDefinitionId);
+  NodeDwgOutFields(filer);
+  if (filesIdentifier(impl.m_majorVersion, impl.m_minorVersion)) filer->wrString(impl.Identifier());
+  if (filesOrderInGraph(impl.m_majorVersion, impl.m_minorVersion)) {
+    filer->wrInt32(static_cast<int>(impl.m_cyclingOrder.length()));
+    for (int id : impl.m_cyclingOrder)
+      filer->wrInt32(id);
+  }
+}
+
+OdResult CJbDbCustBlockGraph::dxfInFields(OdDbDxfFiler* filer) {
+  CJbDbCustBlockGraphImpl& impl = *m_pImpl;
+  return readRecord(impl, [&]() {
+    const OdResult result = OdDbObject::dxfInFields(filer);
+    impl.ClearContents();
+    if (result != eOk) return result;
+    if (!filer->atSubclassData(kSubclass)) return eBadDxfSequence;
+    int header[3] = {0, 0, 0};  // major, minor, last id
+    for (int& value : header) {
+      if (!nextGroupIs(filer, 90)) return eBadDxfSequence;
+      value = filer->rdInt32();
+    }
+    const int major = header[0], minor = header[1];
+    SetFiledVersion(major, minor,
+                    filer->filerType() == OdDb::kFileFiler ? filer->database() : nullptr);
+    impl.m_lastId = header[2] < 1 ? 1 : header[2];
+    if (!nextGroupIs(filer, 330)) return eBadDxfSequence;
+    impl.m_blockDefinitionId = filer->rdObjectId();
+    const OdResult nodes = NodeDxfInFields(filer);
+    if (nodes != eOk) return nodes;
+    Reset(OdDbObjectId::kNull, false);
+    impl.m_identifier = OdString();
+    if (filesIdentifier(major, minor)) {
+      if (!nextGroupIs(filer, 100)) return eBadDxfSequence;
+      impl.m_identifier = filer->rdString();
+    }
+    // The DXF record has no cycling order; a graph of those versions is upgraded all the same.
+    if (filesOrderInGraph(major, minor)) UpdateToCurrentVersion();
+    return eOk;
+  });
+}
+
+void CJbDbCustBlockGraph::dxfOutFields(OdDbDxfFiler* filer) const {
+  OdDbObject::dxfOutFields(filer);
+  const CJbDbCustBlockGraphImpl& impl = *m_pImpl;
+  filer->wrSubclassMarker(kSubclass);
+  filer->wrInt32(90, impl.m_majorVersion);
+  filer->wrInt32(90, impl.m_minorVersion);
+  filer->wrInt32(90, impl.m_lastId);
+  filer->wrSoftPointerId(330, impl.m_blockDefinitionId);
+  NodeDxfOutFields(filer);
+  // The identifier travels under 100, where readers of this record expect it.
+  if (filesIdentifier(impl.m_majorVersion, impl.m_minorVersion))
+    filer->wrString(100, impl.Identifier());
+}
+
+bool CJbDbCustBlockGraph::HasSettingsElement() const {
+  const OdRxClass* settingsClass = CJbCustBlockSettingsElement::desc();
+  for (const auto& entry : m_pImpl->m_nodes) {
+    if (entry.second.element->isKindOf(settingsClass)) return true;
+  }
+  return false;
+}
+
+void CJbDbCustBlockGraph::UpdateToCurrentVersion() {
+  CJbDbCustBlockGraphImpl& impl = *m_pImpl;
+  if (isCurrentVersion(impl.m_majorVersion, impl.m_minorVersion)) return;
+  assertWriteEnabled();
+  const bool orderInGraph = filesOrderInGraph(impl.m_majorVersion, impl.m_minorVersion);
+  // From now on the settings element files the order.
+  if (orderInGraph && !impl.m_cyclingOrder.isEmpty() && !HasSettingsElement())
+    AppendNode(CJbCustBlockSettingsElement::createObject());
+  impl.m_majorVersion = Impl::kCurrentMajorVersion;
+  impl.m_minorVersion = Impl::kCurrentMinorVersion;
+  for (auto& entry : impl.m_nodes)
+    entry.second.element->Impl()->m_proxyElement = CJbCustBlockElementPtr();
+}
+
+OdResBufPtr CJbDbCustBlockGraph::SaveInstance(CJbDbCustBlockGraphInstanceContext* context) const {
+  assertReadEnabled();
+  const CJbDbCustBlockGraphImpl& impl = *m_pImpl;
+  OdResBufPtr head = OdResBuf::newRb(OdResBuf::kRtString, impl.Identifier());
+  OdResBufPtr blockCount = head->setNext(OdResBuf::newRb(OdResBuf::kRtInt32, 0));
+  if (context && context->IsComposingRequired()) {
+    for (const auto& entry : impl.m_nodes)
+      entry.second.element->DecomposeInstanceForSave();
+  }
+  OdResBuf* tail = blockCount.get();
+  int blocks = 0;
+  for (const auto& entry : impl.m_nodes) {
+    OdResBufPtr items = entry.second.element->SaveInstance(context);
+    if (items.isNull()) continue;
+    int count = 1;
+    OdResBuf* last = items.get();
+    for (; !last->next().isNull(); last = last->next().get())
+      ++count;
+    tail = tail->setNext(OdResBuf::newRb(OdResBuf::kRtInt32, entry.first)).get();
+    tail = tail->setNext(OdResBuf::newRb(OdResBuf::kRtInt32, count)).get();
+    tail->setNext(items);
+    tail = last;
+    ++blocks;
+  }
+  blockCount->setInt32(blocks);
+  tail = tail->setNext(OdResBuf::newRb(OdResBuf::kRtString, kVersionMarker)).get();
+  tail->setNext(
+      OdResBuf::newRb(OdResBuf::kRtInt32, impl.m_majorVersion * 100 + impl.m_minorVersion));
+  return head;
+}
+
+namespace {
+// Reads a 32-bit integer item and moves past it; false when the item is missing or of another
+// type.
+bool takeInt32(OdResBufPtr& cursor, int& value) {
+  if (cursor.isNull() || cursor->restype() != OdResBuf::kRtInt32) return false;
+  value = cursor->getInt32();
+  cursor = cursor->next();
+  return true;
+}
+}  // namespace
+
+bool CJbDbCustBlockGraph::LoadInstance(OdResBufPtr chain,
+                                       CJbDbCustBlockGraphInstanceContext* context) {
+  assertReadEnabled();
+  OdResBufPtr cursor = chain;
+  // The saved identifier is not compared: a chain matches its graph by element ids alone.
+  if (!cursor.isNull() && cursor->restype() == OdResBuf::kRtString) cursor = cursor->next();
+  int blocks = 0;
+  if (!takeInt32(cursor, blocks) || blocks < 0) return false;
+  bool loaded = true;
+  for (int block = 0; block < blocks; ++block) {
+    int id = 0, count = 0;
+    if (!takeInt32(cursor, id) || !takeInt32(cursor, count) || count < 0) return false;
+    if (CJbCustBlockElementPtr node = NodeAt(id)) {
+      OdResBufPtr items = cursor;
+      try {
+        loaded = node->LoadInstance(items, context) && loaded;
+      } catch (const OdError&) {
+        loaded = false;
+      }
+    }
+    // The next block starts after this one's items, whatever the element took.
+    for (int i = 0; i < count; ++i) {
+      if (cursor.isNull()) return false;
+      cursor = cursor->next();
+    }
+  }
+  OdArray<int> ids;
+  m_pImpl->AllNodeIds(ids);
+  if (context && context->IsComposingRequired()) {
+    for (int id : ids) {
+      if (CJbCustBlockElementPtr node = NodeAt(id)) node->ComposeInstanceForLoad();
+    }
+  }
+  if (!context || !context->IsForEvaluate()) {
+    // Outside an evaluation, elements settle their derived state now.
+    CJbDbCustBlockGraphEvaluationContextPtr settle(
+        new CJbDbCustBlockGraphEvaluationContext(0, OdDbObjectId::kNull));
+    for (int id : ids) {
+      if (CJbCustBlockElementPtr node = NodeAt(id)) node->EndEvaluate(settle.get());
+    }
+  }
+  return loaded;
+}
+
+namespace {
+OdString idText(int id) {
+  return OdString::format("%d", id);
+}
+}  // namespace
+
+void CJbDbCustBlockGraph::AuditNodes(OdDbAuditInfo* auditInfo) {
+  const bool fix = auditInfo->fixErrors();
+  const OdString self = describe();
+  // Nodes that cannot be kept: a null id, an id that is not the element's own, a second element
+  // of a kind the graph holds once.
+  OdArray<int> doomed;
+  std::vector<const OdRxClass*> uniqueKinds;
+  for (const auto& entry : m_pImpl->m_nodes) {
+    const CJbCustBlockElement& node = *entry.second.element;
+    const int elementId = node.Impl()->m_elementId;
+    OdString problem;
+    if (CJbCustBlockElement::IsNullId(entry.first))
+      problem = "node with the null id";
+    else if (elementId != entry.first)
+      problem = "node " + idText(entry.first) + " holding element " + idText(elementId);
+    if (problem.isEmpty() && node.IsUnique()) {
+      for (const OdRxClass* kind : uniqueKinds) {
+        if (node.isKindOf(kind)) problem = "second single-instance node " + idText(entry.first);
+      }
+      if (problem.isEmpty()) uniqueKinds.push_back(node.isA());
+    }
+    if (problem.isEmpty()) continue;
+    auditInfo->errorsFound(1);
+    auditInfo->printError(self, problem, "a node the graph can keep", "removed");
+    doomed.append(entry.first);
+  }
+  if (fix && !doomed.isEmpty()) {
+    OdDbWriteGuard writable(this);
+    for (int id : doomed) {
+      RemoveNode(id);
+      auditInfo->errorsFixed(1);
+    }
+  }
+
+  // Connections must name a node that lists this one on its other side.
+  for (const auto& entry : m_pImpl->m_nodes) {
+    CJbCustBlockElement& node = *entry.second.element;
+    CJbCustBlockElementImpl& impl = *node.Impl();
+    for (int side = 0; side < 2; ++side) {
+      const bool incoming = side == 0;
+      OdArray<int>& list = incoming ? impl.m_inConnections : impl.m_outConnections;
+      OdArray<int> kept;
+      for (int partnerId : list) {
+        const CJbCustBlockElement* partner = NodeAt(partnerId);
+        const OdArray<int>* back = nullptr;
+        if (partner)
+          back = incoming ? &partner->Impl()->m_outConnections : &partner->Impl()->m_inConnections;
+        if (back && back->contains(entry.first)) {
+          kept.append(partnerId);
+          continue;
+        }
+        auditInfo->errorsFound(1);
+        auditInfo->printError(self,
+                              "element " + idText(entry.first) +
+                                  (incoming ? " takes input from " : " feeds ") + idText(partnerId),
+                              "a connection both elements list", "connection removed");
+      }
+      if (!fix || kept.length() == list.length()) continue;
+      OdDbWriteGuard writable(this);
+      auditInfo->errorsFixed(static_cast<int>(list.length() - kept.length()));
+      node.AssertWriteEnabled();
+      list = kept;
+    }
+  }
+}
+
+void CJbDbCustBlockGraph::AuditCyclingOrder(OdDbAuditInfo* auditInfo) {
+  const OdArray<int>& order = m_pImpl->m_cyclingOrder;
+  if (order.isEmpty()) return;
+  const OdString self = describe();
+  OdArray<int> repaired;
+  int errors = 0;
+  for (int id : order) {
+    if (CJbCustBlockElementClasses::IsGrip(NodeAt(id)) && !repaired.contains(id)) {
+      repaired.append(id);
+      continue;
+    }
+    ++errors;
+    auditInfo->printError(self, "cycling order entry " + idText(id), "a grip listed once",
+                          "entry removed");
+  }
+  for (const auto& entry : m_pImpl->m_nodes) {
+    if (!CJbCustBlockElementClasses::IsGrip(entry.second.element.get()) ||
+        repaired.contains(entry.first))
+      continue;
+    ++errors;
+    repaired.append(entry.first);
+    auditInfo->printError(self, "grip " + idText(entry.first) + " missing from the cycling order",
+                          "every grip in the order", "appended");
+  }
+  // Only the settings element files the order; without one it would be lost.
+  const bool settingsMissing =
+      !HasSettingsElement() && isCurrentVersion(m_pImpl->m_majorVersion, m_pImpl->m_minorVersion);
+  if (settingsMissing) {
+    ++errors;
+    auditInfo->printError(self, "cycling order without a settings element",
+                          "a settings element that files the order", "settings element added");
+  }
+  auditInfo->errorsFound(errors);
+  if (!auditInfo->fixErrors() || errors == 0) return;
+  OdDbWriteGuard writable(this);
+  if (settingsMissing) AppendNode(CJbCustBlockSettingsElement::createObject());
+  m_pImpl->m_cyclingOrder = repaired;
+  auditInfo->errorsFixed(errors);
+}
+
+void CJbDbCustBlockGraph::audit(OdDbAuditInfo* auditInfo) {
+  OdDbObject::audit(auditInfo);
+  for (const auto& entry : m_pImpl->m_nodes)
+    entry.second.element->Audit(auditInfo);
+  // A graph whose block definition is gone has nothing left to shape.
+  const OdDbObjectId& blockId = m_pImpl->m_blockDefinitionId;
+  if (isDBRO() && !blockId.isNull() &&
+      (blockId.isErased() || !blockId.isValid() ||
+       !OdDbBlockTableRecord::cast(blockId.openObject(OdDb::kForRead, true).get()))) {
+    auditInfo->errorsFound(1);
+    auditInfo->printError(describe(), "block definition " + blockId.getHandle().ascii(),
+                          "a block definition in the drawing", "graph erased");
+    if (auditInfo->fixErrors()) {
+      OdDbWriteGuard writable(this);
+      erase(true);
+      auditInfo->errorsFixed(1);
+    }
+    return;
+  }
+  AuditNodes(auditInfo);
+  AuditCyclingOrder(auditInfo);
+}
+
+void CJbDbCustBlockGraph::copyFrom(const OdRxObject* source) {
+  OdRxObject::copyFrom(source);
+  const auto* from = static_cast<const CJbDbCustBlockGraph*>(source);
+  if (from == this) return;
+  from->assertReadEnabled();
+  assertWriteEnabled();
+  // The object's own part goes through a copy filer, as for any object; the graph's part is
+  // copied directly.
+  OdDbMemoryDwgFiler filer;
+  filer.setDatabase(from->database());
+  filer.setFilerType(OdDb::kCopyFiler);
+  from->OdDbObject::dwgOutFields(&filer);
+  filer.seek(0, OdDb::kSeekFromStart);
+  OdDbObject::dwgInFields(&filer);
+  m_pImpl->CopyFrom(*from->m_pImpl, from, this);
 }
 
 void CJbDbCustBlockGraph::subClose() {

@@ -1,6 +1,7 @@
 // The evaluation graph of one customizable block definition: a database object holding the
 // block's elements by id, deciding which of them are evaluated and in what order, keeping the
-// grip cycling order and announcing element changes to graph reactors when it is closed.
+// grip cycling order, announcing element changes to graph reactors when it is closed, filing
+// itself with every node in proxy form, and saving and loading the state of one block reference.
 #pragma once
 
 #include <memory>
@@ -10,6 +11,7 @@
 
 class CJbDbCustBlockAttributeSnapshot;
 class CJbDbCustBlockGraphImpl;
+class CJbDbCustBlockGraphInstanceContext;
 
 class CJbDbCustBlockGraph : public OdDbObject {
   ODRX_DECLARE_MEMBERS(CJbDbCustBlockGraph);
@@ -55,10 +57,45 @@ class CJbDbCustBlockGraph : public OdDbObject {
   void SetBlockDefinitionId(const OdDbObjectId& blockDefId);
   int GetMajorVersion() const;
   int GetMinorVersion() const;
+  // Text that identifies the graph; the first item of every instance chain.
+  OdString GetIdentifier() const;
+
+  // The record of the graph: its version, last id, block, and every node in proxy form. A node
+  // whose class is not registered stays a proxy and is written back unchanged; a graph of another
+  // version is written back at that version until it is upgraded. On a read error the graph is
+  // left empty.
+  OdResult dwgInFields(OdDbDwgFiler* filer) override;
+  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  OdResult dxfInFields(OdDbDxfFiler* filer) override;
+  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+  // The state of one block reference: the identifier, one block of items per element that saves
+  // any, then "VERSION" and the format version.
+  OdResBufPtr SaveInstance(CJbDbCustBlockGraphInstanceContext* context) const;
+  // Loads a chain saved by SaveInstance, matched to the nodes by element id. False when the chain
+  // is malformed or an element did not take its items; what was loaded stays loaded.
+  bool LoadInstance(OdResBufPtr chain, CJbDbCustBlockGraphInstanceContext* context);
+
+  // Checks the nodes, their connections and the cycling order, and the block the graph belongs
+  // to; with fixing on, removes what cannot be kept and erases a graph whose block is gone.
+  void audit(OdDbAuditInfo* auditInfo) override;
+
+  // Copies the whole graph, every node as a new element of its own class with the same id, name
+  // and data. Names are unique in the source already, so they are taken as they are.
+  void copyFrom(const OdRxObject* source) override;
 
   void subClose() override;
 
  protected:
+  // Brings a graph read at an older version to the current one: an order filed in the graph moves
+  // to the settings element, and the nodes stop being written as they were read.
+  virtual void UpdateToCurrentVersion();
+  // The node list of the record.
+  virtual OdResult NodeDwgInFields(OdDbDwgFiler* filer);
+  virtual void NodeDwgOutFields(OdDbDwgFiler* filer) const;
+  virtual OdResult NodeDxfInFields(OdDbDxfFiler* filer);
+  virtual void NodeDxfOutFields(OdDbDxfFiler* filer) const;
+
   void AssertNodeReadEnabled(const CJbCustBlockElement* element) const;
   void AssertNodeWriteEnabled(const CJbCustBlockElement* element);
 
@@ -71,6 +108,14 @@ class CJbDbCustBlockGraph : public OdDbObject {
   friend class CJbCustBlockSettingsElement;
 
   CJbCustBlockElement* NodeAt(int id) const;
+  // Makes the node that `proxy` was read into, or the proxy itself when its class is missing.
+  CJbCustBlockElementPtr NodeFromProxy(const CJbCustBlockElementPtr& proxy);
+  OdResult InsertReadNode(const CJbCustBlockElementPtr& proxy);
+  // The version read; a newer one is reported to the host for the database of a file read.
+  void SetFiledVersion(int major, int minor, OdDbDatabase* fileDatabase);
+  bool HasSettingsElement() const;
+  void AuditNodes(OdDbAuditInfo* auditInfo);
+  void AuditCyclingOrder(OdDbAuditInfo* auditInfo);
   bool HasNodeNamed(const OdString& name, const CJbCustBlockElement* except) const;
   void RunPasses(const OdArray<int>& ids, CJbDbCustBlockGraphEvaluationContext* context,
                  bool evaluateParameters);

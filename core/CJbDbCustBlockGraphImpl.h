@@ -1,5 +1,6 @@
 // The data of an evaluation graph and the algorithms that only need that data: id allocation,
-// the work list of an evaluation and the evaluation order of a block definition.
+// the work list of an evaluation, the evaluation order of a block definition and the copy of a
+// whole graph.
 #pragma once
 
 #include <map>
@@ -29,6 +30,15 @@ class CJbDbCustBlockGraphImpl {
   CJbCustBlockElement* NodeAt(int id) const;
   void AllNodeIds(OdArray<int>& ids) const;
 
+  // Empty, at the current version, with no block: what a graph is after a failed read. The
+  // identifier stays.
+  void ClearContents();
+  // Replaces everything with a copy of `source`'s data and nodes; the new nodes belong to `owner`.
+  void CopyFrom(const CJbDbCustBlockGraphImpl& source, const CJbDbCustBlockGraph* sourceGraph,
+                CJbDbCustBlockGraph* owner);
+  // The identifier, made from a fresh UUID the first time a graph without one needs it.
+  const OdString& Identifier() const;
+
   // The next free element id after the last one handed out, which it becomes.
   int AllocateId();
   // Elements that asked to be evaluated, in ascending id order, followed by everything
@@ -47,8 +57,17 @@ class CJbDbCustBlockGraphImpl {
   OdDbObjectId m_blockDefinitionId;
   int m_majorVersion = kCurrentMajorVersion;
   int m_minorVersion = kCurrentMinorVersion;
+  // Empty until first needed, so that graphs that are read or copied never make one.
+  mutable OdString m_identifier;
 
  private:
+  // A new node of `element`'s class with the same base fields and, filed through the element
+  // filer, the same data. Ids that the data owns are not carried over: a copy never owns what its
+  // original owns.
+  static CJbCustBlockElementPtr CopyNode(const CJbCustBlockElement* element,
+                                         const CJbDbCustBlockGraph* sourceGraph,
+                                         CJbDbCustBlockGraph* owner);
+
   // A fresh mark value, so that marks need no clearing between walks.
   unsigned NextMark() const { return ++m_mark; }
 

@@ -154,6 +154,7 @@ void DxfFileWriter::plan() {
     }
   }
 
+  // Entities are planned with their blocks; what is left are the objects.
   const OdDbObjectId named = m_db->getNamedObjectsDictionaryId();
   if (!named.isNull() && !named.isErased()) m_objects.append(named);
   for (const OdDbObjectId& id : m_db->objectIds()) {
@@ -176,7 +177,6 @@ void DxfFileWriter::planEntities(const OdDbObjectId& blockId) {
     const OdDbObjectId id = it->objectId();
     OdDbObjectPtr entity = m_db->openObject(id);
     entities.append(id);
-    m_planned.insert(id.stub());
     use(entity.get());
     if (auto* reference = OdDbBlockReference::cast(entity.get()).get()) {
       std::size_t attributes = 0;

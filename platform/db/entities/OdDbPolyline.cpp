@@ -298,6 +298,9 @@ OdResult OdDbPolyline::dxfInFields(OdDbDxfFiler* filer) {
       case 210:
         m_normal = EntityFiling::rdNormal(filer);
         break;
+      case 90:
+        filer->rdInt32();  // the vertex count follows from the vertices
+        break;
       default:
         break;
     }
