@@ -1,0 +1,4 @@
+// What a parameter needs of an action connected to it.
+#include "parameters/CJbCustBlockParameterPointBinding.h"
+
+CJbCustBlockParameterPointBinding::~CJbCustBlockParameterPointBinding() = default;

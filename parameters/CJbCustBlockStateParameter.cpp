@@ -1,0 +1,4 @@
+// What a state grip needs of its parameter.
+#include "parameters/CJbCustBlockStateParameter.h"
+
+CJbCustBlockStateParameter::~CJbCustBlockStateParameter() = default;
