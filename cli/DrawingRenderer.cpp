@@ -172,11 +172,8 @@ void DrawingRenderer::drawEntity(QPainter& painter, const OdDbEntity* entity,
     return;
   }
   const TextPathBuilder texts(m_font);
-  if (auto text = OdDbText::cast(entity); !text.isNull()) {
-    path = texts.singleLine(TextPathBuilder::lineOf(text.get()), context.xform);
-  } else if (auto mtext = OdDbMText::cast(entity); !mtext.isNull()) {
-    path = texts.multiLine(mtext.get(), context.xform);
-  } else if (auto attribute = OdDbAttributeBase::cast(entity); !attribute.isNull()) {
+  // Attributes are texts too: they are told apart first.
+  if (auto attribute = OdDbAttributeBase::cast(entity); !attribute.isNull()) {
     // Definitions show their tag at the top; inside a reference only constant ones show.
     const bool definition = !OdDbAttributeDefinition::cast(entity).isNull();
     if (attribute->isInvisible() || (definition && context.insideBlock && !attribute->isConstant()))
@@ -184,6 +181,10 @@ void DrawingRenderer::drawEntity(QPainter& painter, const OdDbEntity* entity,
     path = texts.singleLine(
         TextPathBuilder::lineOf(attribute.get(), definition && !context.insideBlock),
         context.xform);
+  } else if (auto text = OdDbText::cast(entity); !text.isNull()) {
+    path = texts.singleLine(TextPathBuilder::lineOf(text.get()), context.xform);
+  } else if (auto mtext = OdDbMText::cast(entity); !mtext.isNull()) {
+    path = texts.multiLine(mtext.get(), context.xform);
   } else {
     return;
   }

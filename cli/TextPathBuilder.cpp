@@ -54,18 +54,10 @@ TextPathBuilder::LineText TextPathBuilder::lineOf(const OdDbText* text) {
 
 TextPathBuilder::LineText TextPathBuilder::lineOf(const OdDbAttributeBase* attribute,
                                                   bool showTag) {
-  LineText line;
-  const OdString shown = showTag ? attribute->tag() : attribute->textString();
-  line.text = MTextPlainText::decodeSpecialCharacters(QString::fromStdString(shown.str()));
-  line.position = attribute->position();
-  line.alignment = attribute->alignmentPoint();
-  line.height = attribute->height();
-  line.rotation = attribute->rotation();
-  line.widthFactor = attribute->widthFactor();
-  line.oblique = attribute->oblique();
-  line.horizontal = attribute->horizontalMode();
-  line.vertical = attribute->verticalMode();
-  line.normal = attribute->normal();
+  LineText line = lineOf(static_cast<const OdDbText*>(attribute));
+  if (showTag)
+    line.text =
+        MTextPlainText::decodeSpecialCharacters(QString::fromStdString(attribute->tag().str()));
   return line;
 }
 

@@ -1,5 +1,5 @@
-// The platform's array: value semantics over std::vector with the SDK's member names. Copies are
-// real copies; the module never relies on shared buffers, so copy-on-write would only cost.
+// The platform's array: value semantics over std::vector with the platform's member names. Copies
+// are real copies; the module never relies on shared buffers, so copy-on-write would only cost.
 #pragma once
 
 #include <algorithm>

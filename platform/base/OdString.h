@@ -10,7 +10,7 @@
 class OdString {
  public:
   OdString() = default;
-  OdString(const char* text) : m_text(text ? text : "") {}  // NOLINT: implicit like the SDK's
+  OdString(const char* text) : m_text(text ? text : "") {}  // NOLINT: implicit on purpose
   OdString(std::string text) : m_text(std::move(text)) {}   // NOLINT
   OdString(std::string_view text) : m_text(text) {}         // NOLINT
   OdString(const char* text, std::size_t length) : m_text(text, length) {}

@@ -3,6 +3,7 @@
 
 #include "platform/db/OdDbAttributeDefinition.h"
 #include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/entities/EntityFiling.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbAttribute, OdDbAttributeBase, "ATTRIB", "", 0)
@@ -14,25 +15,21 @@ void OdDbAttribute::setAttributeFromBlock(const OdDbAttributeDefinition* definit
   if (!definition)
     throw OdError(eNullPtr, describe().str() + ": setAttributeFromBlock without a definition");
   definition->assertReadEnabled();
-  copySharedFrom(*definition);
+  copyAttributeFrom(*definition);
   const OdResult result = transformBy(blockTransform);
   if (result != eOk)
     throw OdError(result, describe().str() + ": the block transform collapses the attribute");
 }
 
 OdResult OdDbAttribute::dxfInFields(OdDbDxfFiler* filer) {
-  const OdResult result = OdDbAttributeBase::dxfInFields(filer);
+  const OdResult result = dxfInTextPart(filer);
   if (result != eOk) return result;
-  if (!filer->atSubclassData("AcDbAttribute"))
-    throw OdError(eBadDxfSequence, describe().str() + ": AcDbAttribute expected at " +
-                                       filer->describePosition().str());
-  while (!filer->atEOF() && !filer->atEndOfObject())
-    dxfInAttributeItem(filer, filer->nextItem());
-  return filer->filerStatus();
+  EntityFiling::requireSubclass(filer, this, "AcDbAttribute");
+  return dxfInAttributeFields(filer, nullptr);
 }
 
 void OdDbAttribute::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbAttributeBase::dxfOutFields(filer);
+  dxfOutTextPart(filer, true);
   filer->wrSubclassMarker("AcDbAttribute");
   dxfOutAttributeFields(filer);
 }

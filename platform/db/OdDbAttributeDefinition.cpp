@@ -3,6 +3,7 @@
 
 #include "platform/db/OdDbDwgFiler.h"
 #include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/entities/EntityFiling.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbAttributeDefinition, OdDbAttributeBase, "ATTDEF", "", 0)
@@ -32,23 +33,14 @@ void OdDbAttributeDefinition::dwgOutFields(OdDbDwgFiler* filer) const {
 }
 
 OdResult OdDbAttributeDefinition::dxfInFields(OdDbDxfFiler* filer) {
-  const OdResult result = OdDbAttributeBase::dxfInFields(filer);
+  const OdResult result = dxfInTextPart(filer);
   if (result != eOk) return result;
-  if (!filer->atSubclassData("AcDbAttributeDefinition"))
-    throw OdError(eBadDxfSequence, describe().str() + ": AcDbAttributeDefinition expected at " +
-                                       filer->describePosition().str());
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
-    const int code = filer->nextItem();
-    if (code == 3)
-      m_prompt = filer->rdString();
-    else
-      dxfInAttributeItem(filer, code);
-  }
-  return filer->filerStatus();
+  EntityFiling::requireSubclass(filer, this, "AcDbAttributeDefinition");
+  return dxfInAttributeFields(filer, &m_prompt);
 }
 
 void OdDbAttributeDefinition::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbAttributeBase::dxfOutFields(filer);
+  dxfOutTextPart(filer, true);
   filer->wrSubclassMarker("AcDbAttributeDefinition");
   filer->wrString(3, m_prompt);
   dxfOutAttributeFields(filer);

@@ -23,12 +23,11 @@ constexpr int kQuadraticCurve = 5;
 constexpr int kCubicCurve = 6;
 }  // namespace
 
-OdDb2dPolyline::OdDb2dPolyline() : m_sequenceEnd(OdDbSequenceEnd::createObject()) {}
+OdDb2dPolyline::OdDb2dPolyline() = default;
 
 void OdDb2dPolyline::appendVertex(const OdDb2dVertexPtr& vertex) {
-  if (vertex.isNull()) throw OdError(eNullPtr, "OdDb2dPolyline::appendVertex: null vertex");
   assertWriteEnabled();
-  m_vertices.append(vertex);
+  m_vertices.append(vertex, this);
 }
 
 unsigned int OdDb2dPolyline::numVerts() const {
@@ -38,14 +37,12 @@ unsigned int OdDb2dPolyline::numVerts() const {
 
 OdDb2dVertexPtr OdDb2dPolyline::vertexAt(unsigned int index) const {
   assertReadEnabled();
-  if (index >= m_vertices.length())
-    throw OdError(eInvalidIndex, "OdDb2dPolyline::vertexAt: index past the last vertex");
-  return m_vertices[index];
+  return m_vertices.at(index, this);
 }
 
 OdDbSequenceEndPtr OdDb2dPolyline::sequenceEnd() const {
   assertReadEnabled();
-  return m_sequenceEnd;
+  return m_vertices.sequenceEnd();
 }
 
 OdGePoint3d OdDb2dPolyline::vertexPosition(unsigned int index) const {
@@ -103,27 +100,6 @@ void OdDb2dPolyline::setElevation(double elevation) {
   m_elevation = elevation;
 }
 
-double OdDb2dPolyline::thickness() const {
-  assertReadEnabled();
-  return m_thickness;
-}
-
-void OdDb2dPolyline::setThickness(double thickness) {
-  assertWriteEnabled();
-  m_thickness = thickness;
-}
-
-OdGeVector3d OdDb2dPolyline::normal() const {
-  assertReadEnabled();
-  return m_normal;
-}
-
-void OdDb2dPolyline::setNormal(const OdGeVector3d& normal) {
-  if (normal.isZeroLength()) throw OdError(eInvalidInput, "OdDb2dPolyline::setNormal: zero normal");
-  assertWriteEnabled();
-  m_normal = normal.normal();
-}
-
 bool OdDb2dPolyline::hasBulges() const {
   for (const OdDb2dVertexPtr& vertex : m_vertices) {
     if (vertex->bulge() != 0.0) return true;
@@ -171,15 +147,14 @@ OdResult OdDb2dPolyline::getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEnti
   return SplineCopy::ofPath(this, points, bulges, m_closed, m_elevation, m_normal, matrix, copy);
 }
 
-OdResult OdDb2dPolyline::getStretchPoints(OdGePoint3dArray& points) const {
+OdResult OdDb2dPolyline::getGripPoints(OdGePoint3dArray& points) const {
   assertReadEnabled();
   for (unsigned int i = 0; i < m_vertices.length(); ++i)
     points.append(vertexPosition(i));
   return eOk;
 }
 
-OdResult OdDb2dPolyline::moveStretchPointsAt(const OdIntArray& indices,
-                                             const OdGeVector3d& offset) {
+OdResult OdDb2dPolyline::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   assertWriteEnabled();
   const OdGeVector3d local = OdGeMatrix3d::worldToPlane(m_normal) * offset;
   bool all = !m_vertices.isEmpty();
@@ -196,14 +171,6 @@ OdResult OdDb2dPolyline::moveStretchPointsAt(const OdIntArray& indices,
   return eOk;
 }
 
-OdResult OdDb2dPolyline::getGripPoints(OdGePoint3dArray& points) const {
-  return getStretchPoints(points);
-}
-
-OdResult OdDb2dPolyline::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
-  return moveStretchPointsAt(indices, offset);
-}
-
 OdResult OdDb2dPolyline::getGeomExtents(OdGeExtents3d& extents) const {
   assertReadEnabled();
   extents = OdGeExtents3d();
@@ -217,7 +184,7 @@ OdResult OdDb2dPolyline::getGeomExtents(OdGeExtents3d& extents) const {
 }
 
 OdResult OdDb2dPolyline::dwgInFields(OdDbDwgFiler* filer) {
-  OdResult res = OdDbEntity::dwgInFields(filer);
+  const OdResult res = OdDbEntity::dwgInFields(filer);
   if (res != eOk) return res;
   const int type = filer->rdInt16();
   if (type < kSimplePoly || type > kCubicSplinePoly) return eDwgObjectImproperlyRead;
@@ -229,16 +196,7 @@ OdResult OdDb2dPolyline::dwgInFields(OdDbDwgFiler* filer) {
   m_elevation = filer->rdDouble();
   m_thickness = filer->rdDouble();
   m_normal = filer->rdVector3d();
-  const int count = filer->rdInt32();
-  if (count < 0) return eDwgObjectImproperlyRead;
-  m_vertices.clear();
-  for (int i = 0; i < count; ++i) {
-    OdDb2dVertexPtr vertex = OdDb2dVertex::createObject();
-    res = vertex->dwgInFields(filer);
-    if (res != eOk) return res;
-    m_vertices.append(vertex);
-  }
-  return m_sequenceEnd->dwgInFields(filer);
+  return m_vertices.dwgIn(filer);
 }
 
 void OdDb2dPolyline::dwgOutFields(OdDbDwgFiler* filer) const {
@@ -251,10 +209,7 @@ void OdDb2dPolyline::dwgOutFields(OdDbDwgFiler* filer) const {
   filer->wrDouble(m_elevation);
   filer->wrDouble(m_thickness);
   filer->wrVector3d(m_normal);
-  filer->wrInt32(static_cast<int32_t>(m_vertices.length()));
-  for (const OdDb2dVertexPtr& vertex : m_vertices)
-    vertex->dwgOutFields(filer);
-  m_sequenceEnd->dwgOutFields(filer);
+  m_vertices.dwgOut(filer);
 }
 
 OdResult OdDb2dPolyline::dxfInFields(OdDbDxfFiler* filer) {

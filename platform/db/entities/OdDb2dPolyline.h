@@ -4,11 +4,10 @@
 // vertexAt and sequenceEnd and hands back through appendVertex.
 #pragma once
 
-#include "platform/db/OdDbEntity.h"
-#include "platform/db/entities/OdDb2dVertex.h"
-#include "platform/db/entities/OdDbSequenceEnd.h"
+#include "platform/db/entities/ExtrudedEntity.h"
+#include "platform/db/entities/VertexList.h"
 
-class OdDb2dPolyline : public OdDbEntity {
+class OdDb2dPolyline : public ExtrudedEntity {
   ODRX_DECLARE_MEMBERS(OdDb2dPolyline);
 
  public:
@@ -40,18 +39,12 @@ class OdDb2dPolyline : public OdDbEntity {
   void setDefaultEndWidth(double width);
   double elevation() const;
   void setElevation(double elevation);
-  double thickness() const;
-  void setThickness(double thickness);
-  OdGeVector3d normal() const;
-  void setNormal(const OdGeVector3d& normal);
 
   // As the lightweight polyline: a mirror negates bulges; a non-uniform scale with bulges gives
   // eCannotScaleNonUniformly, and getTransformedCopy the exact spline instead.
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
-  // Stretch and grip points: the vertices, in world coordinates.
-  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
-  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  // Grip points, and so stretch points: the vertices, in world coordinates.
   OdResult getGripPoints(OdGePoint3dArray& points) const override;
   OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
@@ -65,15 +58,12 @@ class OdDb2dPolyline : public OdDbEntity {
   bool hasBulges() const;
   void path(std::vector<OdGePoint2d>& points, std::vector<double>& bulges) const;
 
-  OdArray<OdDb2dVertexPtr> m_vertices;
-  OdDbSequenceEndPtr m_sequenceEnd;
+  VertexList<OdDb2dVertex> m_vertices;
   PolyType m_type = kSimplePoly;
   bool m_closed = false;
   bool m_plinegen = false;
   double m_defaultStartWidth = 0.0;
   double m_defaultEndWidth = 0.0;
   double m_elevation = 0.0;
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
 };
 using OdDb2dPolylinePtr = OdSmartPtr<OdDb2dPolyline>;

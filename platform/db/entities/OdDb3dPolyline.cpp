@@ -15,12 +15,11 @@ constexpr int kQuadraticCurve = 5;
 constexpr int kCubicCurve = 6;
 }  // namespace
 
-OdDb3dPolyline::OdDb3dPolyline() : m_sequenceEnd(OdDbSequenceEnd::createObject()) {}
+OdDb3dPolyline::OdDb3dPolyline() = default;
 
 void OdDb3dPolyline::appendVertex(const OdDb3dPolylineVertexPtr& vertex) {
-  if (vertex.isNull()) throw OdError(eNullPtr, "OdDb3dPolyline::appendVertex: null vertex");
   assertWriteEnabled();
-  m_vertices.append(vertex);
+  m_vertices.append(vertex, this);
 }
 
 unsigned int OdDb3dPolyline::numVerts() const {
@@ -30,14 +29,12 @@ unsigned int OdDb3dPolyline::numVerts() const {
 
 OdDb3dPolylineVertexPtr OdDb3dPolyline::vertexAt(unsigned int index) const {
   assertReadEnabled();
-  if (index >= m_vertices.length())
-    throw OdError(eInvalidIndex, "OdDb3dPolyline::vertexAt: index past the last vertex");
-  return m_vertices[index];
+  return m_vertices.at(index, this);
 }
 
 OdDbSequenceEndPtr OdDb3dPolyline::sequenceEnd() const {
   assertReadEnabled();
-  return m_sequenceEnd;
+  return m_vertices.sequenceEnd();
 }
 
 OdDb3dPolyline::PolyType OdDb3dPolyline::polyType() const {
@@ -68,15 +65,14 @@ OdResult OdDb3dPolyline::transformBy(const OdGeMatrix3d& matrix) {
   return eOk;
 }
 
-OdResult OdDb3dPolyline::getStretchPoints(OdGePoint3dArray& points) const {
+OdResult OdDb3dPolyline::getGripPoints(OdGePoint3dArray& points) const {
   assertReadEnabled();
   for (const OdDb3dPolylineVertexPtr& vertex : m_vertices)
     points.append(vertex->position());
   return eOk;
 }
 
-OdResult OdDb3dPolyline::moveStretchPointsAt(const OdIntArray& indices,
-                                             const OdGeVector3d& offset) {
+OdResult OdDb3dPolyline::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   assertWriteEnabled();
   for (int index : indices) {
     if (index < 0 || static_cast<unsigned int>(index) >= m_vertices.length()) continue;
@@ -84,14 +80,6 @@ OdResult OdDb3dPolyline::moveStretchPointsAt(const OdIntArray& indices,
     vertex->setPosition(vertex->position() + offset);
   }
   return eOk;
-}
-
-OdResult OdDb3dPolyline::getGripPoints(OdGePoint3dArray& points) const {
-  return getStretchPoints(points);
-}
-
-OdResult OdDb3dPolyline::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
-  return moveStretchPointsAt(indices, offset);
 }
 
 OdResult OdDb3dPolyline::getGeomExtents(OdGeExtents3d& extents) const {
@@ -103,32 +91,20 @@ OdResult OdDb3dPolyline::getGeomExtents(OdGeExtents3d& extents) const {
 }
 
 OdResult OdDb3dPolyline::dwgInFields(OdDbDwgFiler* filer) {
-  OdResult res = OdDbEntity::dwgInFields(filer);
+  const OdResult res = OdDbEntity::dwgInFields(filer);
   if (res != eOk) return res;
   const int type = filer->rdInt16();
   if (type < kSimplePoly || type > kCubicSplinePoly) return eDwgObjectImproperlyRead;
   m_type = static_cast<PolyType>(type);
   m_closed = filer->rdBool();
-  const int count = filer->rdInt32();
-  if (count < 0) return eDwgObjectImproperlyRead;
-  m_vertices.clear();
-  for (int i = 0; i < count; ++i) {
-    OdDb3dPolylineVertexPtr vertex = OdDb3dPolylineVertex::createObject();
-    res = vertex->dwgInFields(filer);
-    if (res != eOk) return res;
-    m_vertices.append(vertex);
-  }
-  return m_sequenceEnd->dwgInFields(filer);
+  return m_vertices.dwgIn(filer);
 }
 
 void OdDb3dPolyline::dwgOutFields(OdDbDwgFiler* filer) const {
   OdDbEntity::dwgOutFields(filer);
   filer->wrInt16(static_cast<int16_t>(m_type));
   filer->wrBool(m_closed);
-  filer->wrInt32(static_cast<int32_t>(m_vertices.length()));
-  for (const OdDb3dPolylineVertexPtr& vertex : m_vertices)
-    vertex->dwgOutFields(filer);
-  m_sequenceEnd->dwgOutFields(filer);
+  m_vertices.dwgOut(filer);
 }
 
 OdResult OdDb3dPolyline::dxfInFields(OdDbDxfFiler* filer) {

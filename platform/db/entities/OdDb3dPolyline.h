@@ -5,8 +5,7 @@
 #pragma once
 
 #include "platform/db/OdDbEntity.h"
-#include "platform/db/entities/OdDb3dPolylineVertex.h"
-#include "platform/db/entities/OdDbSequenceEnd.h"
+#include "platform/db/entities/VertexList.h"
 
 class OdDb3dPolyline : public OdDbEntity {
   ODRX_DECLARE_MEMBERS(OdDb3dPolyline);
@@ -33,9 +32,7 @@ class OdDb3dPolyline : public OdDbEntity {
 
   // Any non-singular transformation: the vertices follow it.
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
-  // Stretch and grip points: the vertices.
-  OdResult getStretchPoints(OdGePoint3dArray& points) const override;
-  OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  // Grip points, and so stretch points: the vertices.
   OdResult getGripPoints(OdGePoint3dArray& points) const override;
   OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
@@ -46,8 +43,7 @@ class OdDb3dPolyline : public OdDbEntity {
   void dxfOutFields(OdDbDxfFiler* filer) const override;
 
  private:
-  OdArray<OdDb3dPolylineVertexPtr> m_vertices;
-  OdDbSequenceEndPtr m_sequenceEnd;
+  VertexList<OdDb3dPolylineVertex> m_vertices;
   PolyType m_type = kSimplePoly;
   bool m_closed = false;
 };

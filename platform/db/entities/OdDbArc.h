@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/CircularShape.h"
 
 class OdDbArc : public OdDbEntity {
   ODRX_DECLARE_MEMBERS(OdDbArc);
@@ -48,11 +49,8 @@ class OdDbArc : public OdDbEntity {
  private:
   double sweep() const;
 
-  OdGePoint3d m_center;
-  double m_radius = 1.0;
+  CircularShape m_shape;
   double m_startAngle = 0.0;
   double m_endAngle = 0.0;
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
 };
 using OdDbArcPtr = OdSmartPtr<OdDbArc>;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/CircularShape.h"
 
 class OdDbCircle : public OdDbEntity {
   ODRX_DECLARE_MEMBERS(OdDbCircle);
@@ -37,9 +38,6 @@ class OdDbCircle : public OdDbEntity {
   void dxfOutFields(OdDbDxfFiler* filer) const override;
 
  private:
-  OdGePoint3d m_center;
-  double m_radius = 1.0;
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
+  CircularShape m_shape;
 };
 using OdDbCirclePtr = OdSmartPtr<OdDbCircle>;

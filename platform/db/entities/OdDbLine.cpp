@@ -28,27 +28,6 @@ void OdDbLine::setEndPoint(const OdGePoint3d& point) {
   m_end = point;
 }
 
-double OdDbLine::thickness() const {
-  assertReadEnabled();
-  return m_thickness;
-}
-
-void OdDbLine::setThickness(double thickness) {
-  assertWriteEnabled();
-  m_thickness = thickness;
-}
-
-OdGeVector3d OdDbLine::normal() const {
-  assertReadEnabled();
-  return m_normal;
-}
-
-void OdDbLine::setNormal(const OdGeVector3d& normal) {
-  if (normal.isZeroLength()) throw OdError(eInvalidInput, "OdDbLine::setNormal: zero normal");
-  assertWriteEnabled();
-  m_normal = normal.normal();
-}
-
 OdResult OdDbLine::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();
   const PlanarTransform plane(matrix, m_normal);

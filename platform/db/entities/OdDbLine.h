@@ -1,9 +1,9 @@
 // A straight segment between two world points, optionally extruded along its normal.
 #pragma once
 
-#include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/ExtrudedEntity.h"
 
-class OdDbLine : public OdDbEntity {
+class OdDbLine : public ExtrudedEntity {
   ODRX_DECLARE_MEMBERS(OdDbLine);
 
  public:
@@ -13,11 +13,6 @@ class OdDbLine : public OdDbEntity {
   void setStartPoint(const OdGePoint3d& point);
   OdGePoint3d endPoint() const;
   void setEndPoint(const OdGePoint3d& point);
-  double thickness() const;
-  void setThickness(double thickness);
-  OdGeVector3d normal() const;
-  // A zero normal raises eInvalidInput.
-  void setNormal(const OdGeVector3d& normal);
 
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   // Stretch points: start (0) and end (1).
@@ -36,7 +31,5 @@ class OdDbLine : public OdDbEntity {
  private:
   OdGePoint3d m_start;
   OdGePoint3d m_end;
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
 };
 using OdDbLinePtr = OdSmartPtr<OdDbLine>;

@@ -19,27 +19,6 @@ void OdDbPoint::setPosition(const OdGePoint3d& position) {
   m_position = position;
 }
 
-double OdDbPoint::thickness() const {
-  assertReadEnabled();
-  return m_thickness;
-}
-
-void OdDbPoint::setThickness(double thickness) {
-  assertWriteEnabled();
-  m_thickness = thickness;
-}
-
-OdGeVector3d OdDbPoint::normal() const {
-  assertReadEnabled();
-  return m_normal;
-}
-
-void OdDbPoint::setNormal(const OdGeVector3d& normal) {
-  if (normal.isZeroLength()) throw OdError(eInvalidInput, "OdDbPoint::setNormal: zero normal");
-  assertWriteEnabled();
-  m_normal = normal.normal();
-}
-
 double OdDbPoint::ecsRotation() const {
   assertReadEnabled();
   return m_ecsRotation;

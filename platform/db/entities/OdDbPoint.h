@@ -1,9 +1,9 @@
 // A point marker at a world position.
 #pragma once
 
-#include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/ExtrudedEntity.h"
 
-class OdDbPoint : public OdDbEntity {
+class OdDbPoint : public ExtrudedEntity {
   ODRX_DECLARE_MEMBERS(OdDbPoint);
 
  public:
@@ -11,10 +11,6 @@ class OdDbPoint : public OdDbEntity {
 
   OdGePoint3d position() const;
   void setPosition(const OdGePoint3d& position);
-  double thickness() const;
-  void setThickness(double thickness);
-  OdGeVector3d normal() const;
-  void setNormal(const OdGeVector3d& normal);
   // The angle of the marker's X axis in its object coordinate system.
   double ecsRotation() const;
   void setEcsRotation(double angle);
@@ -34,8 +30,6 @@ class OdDbPoint : public OdDbEntity {
 
  private:
   OdGePoint3d m_position;
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
   double m_ecsRotation = 0.0;
 };
 using OdDbPointPtr = OdSmartPtr<OdDbPoint>;

@@ -133,27 +133,6 @@ void OdDbPolyline::setElevation(double elevation) {
   m_elevation = elevation;
 }
 
-double OdDbPolyline::thickness() const {
-  assertReadEnabled();
-  return m_thickness;
-}
-
-void OdDbPolyline::setThickness(double thickness) {
-  assertWriteEnabled();
-  m_thickness = thickness;
-}
-
-OdGeVector3d OdDbPolyline::normal() const {
-  assertReadEnabled();
-  return m_normal;
-}
-
-void OdDbPolyline::setNormal(const OdGeVector3d& normal) {
-  if (normal.isZeroLength()) throw OdError(eInvalidInput, "OdDbPolyline::setNormal: zero normal");
-  assertWriteEnabled();
-  m_normal = normal.normal();
-}
-
 OdResult OdDbPolyline::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();
   const PlanarTransform plane(matrix, m_normal);

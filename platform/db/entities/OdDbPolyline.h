@@ -3,10 +3,10 @@
 // counter-clockwise) and the start and end widths of that segment.
 #pragma once
 
-#include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/ExtrudedEntity.h"
 #include "platform/ge/OdGePoint2d.h"
 
-class OdDbPolyline : public OdDbEntity {
+class OdDbPolyline : public ExtrudedEntity {
   ODRX_DECLARE_MEMBERS(OdDbPolyline);
 
  public:
@@ -36,10 +36,6 @@ class OdDbPolyline : public OdDbEntity {
   bool hasBulges() const;
   double elevation() const;
   void setElevation(double elevation);
-  double thickness() const;
-  void setThickness(double thickness);
-  OdGeVector3d normal() const;
-  void setNormal(const OdGeVector3d& normal);
 
   // A mirror changes the sign of every bulge so arcs keep their shape. A scale that differs
   // within the plane bends arcs into elliptical ones, which a polyline cannot hold: with bulges
@@ -76,7 +72,5 @@ class OdDbPolyline : public OdDbEntity {
   bool m_closed = false;
   bool m_plinegen = false;
   double m_elevation = 0.0;
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
 };
 using OdDbPolylinePtr = OdSmartPtr<OdDbPolyline>;

@@ -27,27 +27,6 @@ void OdDbSolid::setPointAt(int index, const OdGePoint3d& point) {
   m_corners[index] = point;
 }
 
-double OdDbSolid::thickness() const {
-  assertReadEnabled();
-  return m_thickness;
-}
-
-void OdDbSolid::setThickness(double thickness) {
-  assertWriteEnabled();
-  m_thickness = thickness;
-}
-
-OdGeVector3d OdDbSolid::normal() const {
-  assertReadEnabled();
-  return m_normal;
-}
-
-void OdDbSolid::setNormal(const OdGeVector3d& normal) {
-  if (normal.isZeroLength()) throw OdError(eInvalidInput, "OdDbSolid::setNormal: zero normal");
-  assertWriteEnabled();
-  m_normal = normal.normal();
-}
-
 OdResult OdDbSolid::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();
   const PlanarTransform plane(matrix, m_normal);

@@ -3,9 +3,9 @@
 // repeats its third corner.
 #pragma once
 
-#include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/ExtrudedEntity.h"
 
-class OdDbSolid : public OdDbEntity {
+class OdDbSolid : public ExtrudedEntity {
   ODRX_DECLARE_MEMBERS(OdDbSolid);
 
  public:
@@ -14,10 +14,6 @@ class OdDbSolid : public OdDbEntity {
   // Corners 0 to 3 in world coordinates; another index raises eInvalidIndex.
   OdGePoint3d getPointAt(int index) const;
   void setPointAt(int index, const OdGePoint3d& point);
-  double thickness() const;
-  void setThickness(double thickness);
-  OdGeVector3d normal() const;
-  void setNormal(const OdGeVector3d& normal);
 
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   // Stretch and grip points: the four corners.
@@ -34,7 +30,5 @@ class OdDbSolid : public OdDbEntity {
 
  private:
   OdGePoint3d m_corners[4];
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
 };
 using OdDbSolidPtr = OdSmartPtr<OdDbSolid>;

@@ -168,27 +168,6 @@ void OdDbText::mirrorInY(bool mirrored) {
   m_mirroredY = mirrored;
 }
 
-double OdDbText::thickness() const {
-  assertReadEnabled();
-  return m_thickness;
-}
-
-void OdDbText::setThickness(double thickness) {
-  assertWriteEnabled();
-  m_thickness = thickness;
-}
-
-OdGeVector3d OdDbText::normal() const {
-  assertReadEnabled();
-  return m_normal;
-}
-
-void OdDbText::setNormal(const OdGeVector3d& normal) {
-  if (normal.isZeroLength()) throw OdError(eInvalidInput, "OdDbText::setNormal: zero normal");
-  assertWriteEnabled();
-  m_normal = normal.normal();
-}
-
 OdResult OdDbText::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();
   const PlanarTransform plane(matrix, m_normal);
@@ -208,6 +187,48 @@ OdResult OdDbText::transformBy(const OdGeMatrix3d& matrix) {
   m_thickness *= plane.normalScale();
   m_normal = plane.newNormal();
   return eOk;
+}
+
+OdResult OdDbText::transformAffinely(const OdGeMatrix3d& matrix) {
+  assertReadEnabled();
+  OdGeVector3d direction(std::cos(m_rotation), std::sin(m_rotation), 0.0);
+  direction.transformBy(OdGeMatrix3d::planeToWorld(m_normal));
+  OdGeVector3d up = m_normal.crossProduct(direction);
+  direction.transformBy(matrix);
+  up.transformBy(matrix);
+  OdGeVector3d normal = direction.crossProduct(up);
+  if (normal.isZeroLength() || direction.isZeroLength()) return eCannotScaleNonUniformly;
+  if (matrix.isSingular()) return eDegenerateGeometry;
+  normal = normal.normal();
+  OdGeVector3d planar = direction;
+  planar.transformBy(OdGeMatrix3d::planeToWorld(normal).inverse());
+  assertWriteEnabled();
+  m_position = matrix * m_position;
+  m_alignment = matrix * m_alignment;
+  m_normal = normal;
+  m_rotation = OdGeAngle::normalize(std::atan2(planar.y, planar.x));
+  m_height *= up.length();
+  m_widthFactor *= direction.length() / up.length();
+  return eOk;
+}
+
+void OdDbText::copyTextFrom(const OdDbText& other) {
+  other.assertReadEnabled();
+  assertWriteEnabled();
+  m_position = other.m_position;
+  m_alignment = other.m_alignment;
+  m_text = other.m_text;
+  m_style = other.m_style;
+  m_height = other.m_height;
+  m_rotation = other.m_rotation;
+  m_widthFactor = other.m_widthFactor;
+  m_oblique = other.m_oblique;
+  m_horizontal = other.m_horizontal;
+  m_vertical = other.m_vertical;
+  m_mirroredX = other.m_mirroredX;
+  m_mirroredY = other.m_mirroredY;
+  m_thickness = other.m_thickness;
+  m_normal = other.m_normal;
 }
 
 OdResult OdDbText::getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const {
@@ -331,7 +352,10 @@ void OdDbText::dwgOutFields(OdDbDwgFiler* filer) const {
   filer->wrVector3d(m_normal);
 }
 
-OdResult OdDbText::dxfInTextBody(OdDbDxfFiler* filer) {
+OdResult OdDbText::dxfInTextPart(OdDbDxfFiler* filer) {
+  const OdResult res = OdDbEntity::dxfInFields(filer);
+  if (res != eOk) return res;
+  EntityFiling::requireSubclass(filer, this, "AcDbText");
   OdGePoint3d ocsPosition;
   OdGePoint3d ocsAlignment;
   bool hasAlignment = false;
@@ -395,7 +419,16 @@ OdResult OdDbText::dxfInTextBody(OdDbDxfFiler* filer) {
   return eOk;
 }
 
-void OdDbText::dxfOutTextBody(OdDbDxfFiler* filer) const {
+OdResult OdDbText::dxfInVerticalMode(OdDbDxfFiler* filer) {
+  const int mode = filer->rdInt16();
+  if (mode < OdDb::kTextBase || mode > OdDb::kTextTop) return eInvalidInput;
+  m_vertical = static_cast<OdDb::TextVertMode>(mode);
+  return eOk;
+}
+
+void OdDbText::dxfOutTextPart(OdDbDxfFiler* filer, bool alwaysNameStyle) const {
+  OdDbEntity::dxfOutFields(filer);
+  filer->wrSubclassMarker("AcDbText");
   if (m_thickness != 0.0) filer->wrDouble(39, m_thickness);
   filer->wrPoint3d(10, EntityFiling::toOcs(m_normal, m_position));
   filer->wrDouble(40, m_height);
@@ -403,7 +436,7 @@ void OdDbText::dxfOutTextBody(OdDbDxfFiler* filer) const {
   if (m_rotation != 0.0) EntityFiling::wrAngleDegrees(filer, 50, m_rotation);
   if (m_widthFactor != 1.0) filer->wrDouble(41, m_widthFactor);
   if (m_oblique != 0.0) EntityFiling::wrAngleDegrees(filer, 51, m_oblique);
-  if (!m_style.iEquals("Standard")) filer->wrString(7, m_style);
+  if (alwaysNameStyle || !m_style.iEquals("Standard")) filer->wrString(7, m_style);
   const int flags = (m_mirroredX ? kMirroredInX : 0) | (m_mirroredY ? kMirroredInY : 0);
   if (flags != 0) filer->wrInt16(71, static_cast<int16_t>(flags));
   if (m_horizontal != OdDb::kTextLeft) filer->wrInt16(72, static_cast<int16_t>(m_horizontal));
@@ -413,25 +446,19 @@ void OdDbText::dxfOutTextBody(OdDbDxfFiler* filer) const {
 }
 
 OdResult OdDbText::dxfInFields(OdDbDxfFiler* filer) {
-  OdResult res = OdDbEntity::dxfInFields(filer);
-  if (res != eOk) return res;
-  EntityFiling::requireSubclass(filer, this, "AcDbText");
-  res = dxfInTextBody(filer);
+  const OdResult res = dxfInTextPart(filer);
   if (res != eOk) return res;
   EntityFiling::requireSubclass(filer, this, "AcDbText");
   while (!filer->atEOF() && !filer->atEndOfObject()) {
     if (filer->nextItem() != 73) continue;
-    const int mode = filer->rdInt16();
-    if (mode < OdDb::kTextBase || mode > OdDb::kTextTop) return eInvalidInput;
-    m_vertical = static_cast<OdDb::TextVertMode>(mode);
+    const OdResult modeRes = dxfInVerticalMode(filer);
+    if (modeRes != eOk) return modeRes;
   }
   return eOk;
 }
 
 void OdDbText::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbEntity::dxfOutFields(filer);
-  filer->wrSubclassMarker("AcDbText");
-  dxfOutTextBody(filer);
+  dxfOutTextPart(filer, false);
   filer->wrSubclassMarker("AcDbText");
   if (m_vertical != OdDb::kTextBase) filer->wrInt16(73, static_cast<int16_t>(m_vertical));
 }

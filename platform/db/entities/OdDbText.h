@@ -3,10 +3,21 @@
 // Attribute definitions and attributes share this geometry by deriving from it.
 #pragma once
 
-#include "platform/db/OdDbAttributeBase.h"
-#include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/ExtrudedEntity.h"
 
-class OdDbText : public OdDbEntity {
+namespace OdDb {
+enum TextHorzMode {
+  kTextLeft = 0,
+  kTextCenter = 1,
+  kTextRight = 2,
+  kTextAlign = 3,
+  kTextMid = 4,
+  kTextFit = 5
+};
+enum TextVertMode { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
+}  // namespace OdDb
+
+class OdDbText : public ExtrudedEntity {
   ODRX_DECLARE_MEMBERS(OdDbText);
 
  public:
@@ -41,10 +52,6 @@ class OdDbText : public OdDbEntity {
   void mirrorInX(bool mirrored);
   bool isMirroredInY() const;
   void mirrorInY(bool mirrored);
-  double thickness() const;
-  void setThickness(double thickness);
-  OdGeVector3d normal() const;
-  void setNormal(const OdGeVector3d& normal);
 
   // Similarities only (eCannotScaleNonUniformly otherwise, also from getTransformedCopy). A
   // mirror keeps the text readable: both points are mirrored and the rotation is the mirrored
@@ -70,10 +77,21 @@ class OdDbText : public OdDbEntity {
   void dxfOutFields(OdDbDxfFiler* filer) const override;
 
  protected:
-  // The data of the first text subclass, after its marker and up to the next marker: attribute
-  // kinds file it the same way and add the vertical mode in their own subclass.
-  void dxfOutTextBody(OdDbDxfFiler* filer) const;
-  OdResult dxfInTextBody(OdDbDxfFiler* filer);
+  // The entity data and the first text subclass, marker included, up to the next marker:
+  // attribute kinds file it the same way (naming the style even when it is the default) and add
+  // the vertical mode in their own subclass.
+  void dxfOutTextPart(OdDbDxfFiler* filer, bool alwaysNameStyle) const;
+  OdResult dxfInTextPart(OdDbDxfFiler* filer);
+  // Reads a vertical mode item; eInvalidInput when it is out of range.
+  OdResult dxfInVerticalMode(OdDbDxfFiler* filer);
+  // Follows any transformation that keeps the text's plane: the anchor points move, the height
+  // follows the scale across the baseline, the width factor the scale along it over that, and
+  // the rotation and normal follow the baseline and its upward direction, mirror images
+  // included. eCannotScaleNonUniformly when the plane collapses, eDegenerateGeometry for any
+  // other singular matrix.
+  OdResult transformAffinely(const OdGeMatrix3d& matrix);
+  // The text data of another text, as an attribute takes it from its definition.
+  void copyTextFrom(const OdDbText& other);
 
  private:
   OdGePoint3d m_position;
@@ -88,7 +106,5 @@ class OdDbText : public OdDbEntity {
   OdDb::TextVertMode m_vertical = OdDb::kTextBase;
   bool m_mirroredX = false;
   bool m_mirroredY = false;
-  double m_thickness = 0.0;
-  OdGeVector3d m_normal = OdGeVector3d::kZAxis;
 };
 using OdDbTextPtr = OdSmartPtr<OdDbText>;

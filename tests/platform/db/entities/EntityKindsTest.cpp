@@ -88,6 +88,81 @@ TEST_P(EntityKindTest, SingularMatrixIsRefusedAndChangesNothing) {
   EXPECT_TRUE(sameDxf(entity.get(), make().get()));
 }
 
+TEST_P(EntityKindTest, PropertiesSurviveFilingCloningAndTransformedCopies) {
+  OdDbEntityPtr entity = make();
+  entity->setTrueColor(0x123456);
+  entity->setLinetype("DASHED");
+  entity->setLinetypeScale(2.5);
+  entity->setLineWeight(35);
+  entity->setVisibility(OdDb::kInvisible);
+  const auto expectProperties = [](const OdDbEntity* copy, const char* how) {
+    EXPECT_TRUE(copy->hasTrueColor()) << how;
+    EXPECT_EQ(copy->trueColor(), 0x123456u) << how;
+    EXPECT_EQ(copy->linetype(), "DASHED") << how;
+    EXPECT_DOUBLE_EQ(copy->linetypeScale(), 2.5) << how;
+    EXPECT_EQ(copy->lineWeight(), 35) << how;
+    EXPECT_EQ(copy->visibility(), OdDb::kInvisible) << how;
+  };
+  expectProperties(OdDbEntity::cast(entity->clone().get()).get(), "clone");
+
+  OdDbResBufDxfFilerPtr out = OdDbResBufDxfFiler::createObject(nullptr);
+  entity->dxfOutFields(out.get());
+  OdDbResBufDxfFilerPtr in = OdDbResBufDxfFiler::createObject(nullptr, out->items());
+  OdDbEntityPtr fromDxf = blank();
+  ASSERT_EQ(fromDxf->dxfInFields(in.get()), eOk);
+  expectProperties(fromDxf.get(), "DXF");
+
+  // Copies under a similarity and under a stretch (which may be of another kind, or refused).
+  const OdGeMatrix3d similarity = OdGeMatrix3d::rotation(0.3, OdGeVector3d::kZAxis) *
+                                  OdGeMatrix3d::scaling(2.0, OdGePoint3d(1, 1, 0));
+  for (const OdGeMatrix3d& matrix :
+       {similarity, OdGeMatrix3d::scaling(OdGeScale3d(3.0, 1.0, 1.0))}) {
+    OdDbEntityPtr copy;
+    const OdResult result = entity->getTransformedCopy(matrix, copy);
+    if (result == eCannotScaleNonUniformly) continue;
+    ASSERT_EQ(result, eOk);
+    expectProperties(copy.get(), copy->isA()->name().str().c_str());
+  }
+}
+
+TEST(EntityOwnershipTest, OldStylePolylineCopiesOwnTheirVertices) {
+  OdDb2dPolylinePtr pline = OdDb2dPolyline::createObject();
+  for (const OdGePoint2d& point : {OdGePoint2d(0, 0), OdGePoint2d(4, 0), OdGePoint2d(4, 3)}) {
+    OdDb2dVertexPtr vertex = OdDb2dVertex::createObject();
+    vertex->setPosition(point.convert3d());
+    pline->appendVertex(vertex);
+  }
+  pline->vertexAt(1)->setBulge(0.5);
+  OdDb2dPolylinePtr copy = OdDb2dPolyline::cast(pline->clone().get());
+  ASSERT_EQ(copy->numVerts(), 3u);
+  EXPECT_NE(copy->vertexAt(0).get(), pline->vertexAt(0).get());
+  EXPECT_NE(copy->sequenceEnd().get(), pline->sequenceEnd().get());
+  copy->vertexAt(1)->setBulge(-0.2);
+  EXPECT_DOUBLE_EQ(pline->vertexAt(1)->bulge(), 0.5);
+
+  // A transformed copy leaves the source's vertices where they were.
+  OdDbEntityPtr moved;
+  ASSERT_EQ(pline->getTransformedCopy(OdGeMatrix3d::translation(OdGeVector3d(5, 5, 0)), moved),
+            eOk);
+  EXPECT_TRUE(isNear(pline->vertexPosition(2), pt(4, 3)));
+  EXPECT_TRUE(isNear(OdDb2dPolyline::cast(moved.get())->vertexPosition(2), pt(9, 8)));
+
+  // Vertices are taken whole, never null, and indexed within range.
+  try {
+    pline->appendVertex(OdDb2dVertexPtr());
+    ADD_FAILURE() << "a null vertex was taken";
+  } catch (const OdError& error) {
+    EXPECT_EQ(error.code(), eNullPtr);
+  }
+  try {
+    copy->vertexAt(3);
+    ADD_FAILURE() << "a vertex past the end was given";
+  } catch (const OdError& error) {
+    EXPECT_EQ(error.code(), eInvalidIndex);
+  }
+  EXPECT_EQ(pline->numVerts(), 3u);
+}
+
 INSTANTIATE_TEST_SUITE_P(AllKinds, EntityKindTest, ::testing::ValuesIn(entitySamples()),
                          [](const auto& info) { return info.param.name; });
 }  // namespace

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/db/OdDbAttribute.h"
+#include "platform/db/OdDbAttributeDefinition.h"
 #include "platform/db/entities/OdDb2dPolyline.h"
 #include "platform/db/entities/OdDb3dPolyline.h"
 #include "platform/db/entities/OdDbArc.h"
@@ -150,6 +152,36 @@ inline std::vector<EntitySample> entitySamples() {
          e->setOblique(0.2);
          e->mirrorInY(true);
          e->setThickness(0.1);
+         return OdDbEntityPtr(e);
+       }},
+      {"AttributeDefinition", "ATTDEF",
+       [=] {
+         OdDbAttributeDefinitionPtr e = OdDbAttributeDefinition::createObject();
+         e->setNormal(tilted);
+         e->setPosition(OdGePoint3d(1, 2, 0.5));
+         e->setAlignmentPoint(OdGePoint3d(4, 2, 0.5));
+         e->setHorizontalMode(OdDb::kTextRight);
+         e->setVerticalMode(OdDb::kTextVertMid);
+         e->setTextString("12");
+         e->setHeight(1.5);
+         e->setRotation(0.7);
+         e->setTag("SIZE");
+         e->setPrompt("Size?");
+         e->setVerifiable(true);
+         e->setPreset(true);
+         e->setLockPositionInBlock(true);
+         return OdDbEntityPtr(e);
+       }},
+      {"Attribute", "ATTRIB",
+       [=] {
+         OdDbAttributePtr e = OdDbAttribute::createObject();
+         e->setNormal(tilted);
+         e->setPosition(OdGePoint3d(-1, 3, 0));
+         e->setTextString("x");
+         e->setStyleName("Notes");
+         e->setWidthFactor(1.2);
+         e->setTag("NAME");
+         e->setInvisible(true);
          return OdDbEntityPtr(e);
        }},
       {"MText", "MTEXT",
