@@ -60,6 +60,6 @@ class DxfTag {
   std::string_view m_value;
   std::size_t m_location = 0;
   int m_code = 0;
-  DxfValueKind m_kind = DxfValueKind::kInvalid;  // looked up once: values are read many times
+  DxfValueKind m_kind = DxfValueKind::kString;  // of m_code, looked up once: values are read often
   FileForm m_form = FileForm::kText;
 };
