@@ -61,8 +61,6 @@ class DxfFileInfo : public OdRxObject {
   const std::vector<OdDbHandle>& recordHandles(OdDbDatabase* database, const OdDbObjectId& id,
                                                std::size_t count);
   void setRecordHandles(const OdDbObjectId& id, std::vector<OdDbHandle> handles);
-  // Makes room for the record handles of up to count objects.
-  void reserveRecordHandles(std::size_t count) { m_recordHandles.reserve(count); }
 
   // The leftovers of an object, or null.
   const DxfLeftovers* leftoversOf(const OdDbObjectId& id) const;

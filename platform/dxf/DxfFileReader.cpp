@@ -152,10 +152,8 @@ void DxfFileReader::readHeader() {
       const OdDbHandle seed = tag.asHandle();
       m_db->setHandseed(seed);
       // Handles run below the seed; a seed far beyond what the file can hold is not trusted.
-      const auto objects = static_cast<std::size_t>(
-          std::min<std::uint64_t>(seed.value(), m_reader.size() / kSmallestRecordBytes));
-      m_db->reserveHandles(objects);
-      m_info->reserveRecordHandles(objects);
+      m_db->reserveHandles(static_cast<std::size_t>(
+          std::min<std::uint64_t>(seed.value(), m_reader.size() / kSmallestRecordBytes)));
     } else if (variable->name == "$INSUNITS" && tag.code() == 70) {
       m_db->setINSUNITS(tag.asInt16());
     }
