@@ -8,5 +8,5 @@ OdError::OdError(OdResult code, std::string message)
     : m_code(code), m_text(std::string(odResultName(code)) + ": " + std::move(message)) {}
 
 OdError_NotThatKindOfClass::OdError_NotThatKindOfClass(const char* fromClass, const char* toClass)
-    : OdError(eNotThatKindOfClass, std::string("an object of class ") + fromClass +
-                                       " is not a " + toClass) {}
+    : OdError(eNotThatKindOfClass,
+              std::string("an object of class ") + fromClass + " is not a " + toClass) {}

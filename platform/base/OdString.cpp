@@ -8,8 +8,12 @@
 const OdString OdString::kEmpty;
 
 namespace {
-char foldAscii(char c) { return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c; }
-bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+char foldAscii(char c) {
+  return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
+}
+bool isSpace(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 }  // namespace
 
 int OdString::iCompare(const OdString& other) const noexcept {
@@ -24,7 +28,8 @@ int OdString::iCompare(const OdString& other) const noexcept {
 }
 
 OdString& OdString::makeUpper() {
-  for (char& c : m_text) c = foldAscii(c);
+  for (char& c : m_text)
+    c = foldAscii(c);
   return *this;
 }
 
@@ -42,7 +47,8 @@ OdString& OdString::trimLeft() {
 }
 
 OdString& OdString::trimRight() {
-  while (!m_text.empty() && isSpace(m_text.back())) m_text.pop_back();
+  while (!m_text.empty() && isSpace(m_text.back()))
+    m_text.pop_back();
   return *this;
 }
 

@@ -64,16 +64,24 @@ class OdString {
     m_text += ch;
     return *this;
   }
-  friend OdString operator+(OdString a, const OdString& b) { return a += b; }
+  friend OdString operator+(OdString a, const OdString& b) {
+    return a += b;
+  }
   friend bool operator==(const OdString& a, const OdString& b) noexcept {
     return a.m_text == b.m_text;
   }
-  friend bool operator!=(const OdString& a, const OdString& b) noexcept { return !(a == b); }
+  friend bool operator!=(const OdString& a, const OdString& b) noexcept {
+    return !(a == b);
+  }
   friend bool operator<(const OdString& a, const OdString& b) noexcept {
     return a.m_text < b.m_text;
   }
-  friend bool operator==(const OdString& a, const char* b) noexcept { return a.m_text == b; }
-  friend bool operator!=(const OdString& a, const char* b) noexcept { return a.m_text != b; }
+  friend bool operator==(const OdString& a, const char* b) noexcept {
+    return a.m_text == b;
+  }
+  friend bool operator!=(const OdString& a, const char* b) noexcept {
+    return a.m_text != b;
+  }
 
  private:
   std::string m_text;
@@ -81,9 +89,7 @@ class OdString {
 
 // Orders keys the way the drawing's tables and dictionaries do: case-insensitively.
 struct OdStringILess {
-  bool operator()(const OdString& a, const OdString& b) const noexcept {
-    return a.iCompare(b) < 0;
-  }
+  bool operator()(const OdString& a, const OdString& b) const noexcept { return a.iCompare(b) < 0; }
 };
 
 template <>

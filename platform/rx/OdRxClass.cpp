@@ -71,8 +71,8 @@ OdRxClass* newOdRxClass(const OdString& name, OdRxClass* parent,
     throw OdError(eNotInitializedYet,
                   "the parent class of " + name.str() + " is not registered yet");
   if (parent && dictionary.getAt(parent->name()) != parent)
-    throw OdError(eNotInitializedYet, "parent class " + parent->name().str() + " of " +
-                                          name.str() + " is not registered");
+    throw OdError(eNotInitializedYet, "parent class " + parent->name().str() + " of " + name.str() +
+                                          " is not registered");
   auto* cls = new OdRxClass(name, parent, constructor, dwgVersion, maintVersion, proxyFlags,
                             dxfName, appName);
   dictionary.add(cls);
@@ -84,7 +84,8 @@ void deleteOdRxClass(OdRxClass* cls) {
   OdRxClassDictionary& dictionary = OdRxClassDictionary::instance();
   const auto children = dictionary.children(cls);
   if (!children.empty())
-    throw OdError(eHasDependents, "class " + cls->name().str() + " still has the registered child " +
+    throw OdError(eHasDependents, "class " + cls->name().str() +
+                                      " still has the registered child " +
                                       children.front()->name().str());
   dictionary.remove(cls);
 }

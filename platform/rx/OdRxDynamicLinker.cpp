@@ -42,29 +42,28 @@ OdRxModulePtr OdRxDynamicLinker::loadModule(const OdString& path) {
     throw OdError(eDLLLoadFailed,
                   "cannot load module " + path.str() + ": " + (why ? why : "unknown reason"));
   }
-  auto getVersion =
-      reinterpret_cast<OdGetApiVersionFn>(dlsym(library.handle, "odrxGetAPIVersion"));
+  auto getVersion = reinterpret_cast<OdGetApiVersionFn>(dlsym(library.handle, "odrxGetAPIVersion"));
   auto create =
       reinterpret_cast<OdCreateModuleObjectFn>(dlsym(library.handle, "odrxCreateModuleObject"));
   if (!getVersion || !create)
-    throw OdError(eMissingSymbol, path.str() + " is not a module: it does not export " +
-                                      (getVersion ? "odrxCreateModuleObject" : "odrxGetAPIVersion"));
+    throw OdError(eMissingSymbol,
+                  path.str() + " is not a module: it does not export " +
+                      (getVersion ? "odrxCreateModuleObject" : "odrxGetAPIVersion"));
 
   int major = 0, minor = 0, maintenance = 0, build = 0;
   getVersion(major, minor, maintenance, build);
   // Major and minor fix the binary interface; maintenance and build releases stay compatible.
   if (major != kOdApiVersionMajor || minor != kOdApiVersionMinor)
-    throw OdError(eIncompatibleVersion,
-                  OdString::format("module %s was built for interface %d.%d.%d.%d, this platform "
-                                   "offers %d.%d.%d.%d",
-                                   path.c_str(), major, minor, maintenance, build,
-                                   kOdApiVersionMajor, kOdApiVersionMinor,
-                                   kOdApiVersionMaintenance, kOdApiVersionBuild)
-                      .str());
+    throw OdError(
+        eIncompatibleVersion,
+        OdString::format("module %s was built for interface %d.%d.%d.%d, this platform "
+                         "offers %d.%d.%d.%d",
+                         path.c_str(), major, minor, maintenance, build, kOdApiVersionMajor,
+                         kOdApiVersionMinor, kOdApiVersionMaintenance, kOdApiVersionBuild)
+            .str());
 
   OdRxModulePtr module(create());
-  if (module.isNull())
-    throw OdError(eDLLLoadFailed, path.str() + " returned no module object");
+  if (module.isNull()) throw OdError(eDLLLoadFailed, path.str() + " returned no module object");
   module->setModuleName(name);
   module->initApp();
 
@@ -110,6 +109,7 @@ OdRxModulePtr OdRxDynamicLinker::module(const OdString& moduleName) const {
 
 std::vector<OdString> OdRxDynamicLinker::loadedModules() const {
   std::vector<OdString> names;
-  for (const auto& entry : m_modules) names.push_back(entry.first);
+  for (const auto& entry : m_modules)
+    names.push_back(entry.first);
   return names;
 }

@@ -31,12 +31,14 @@ using OdCreateModuleObjectFn = OdRxModule* (*)();
 using OdGetApiVersionFn = void (*)(int& major, int& minor, int& maintenance, int& build);
 
 // Defines both entry points for ModuleClass, reporting this platform's interface version.
-#define ODRX_DEFINE_DYNAMIC_MODULE(ModuleClass)                                                \
-  ODRX_MODULE_EXPORT OdRxModule* odrxCreateModuleObject() { return new ModuleClass(); }        \
-  ODRX_MODULE_EXPORT void odrxGetAPIVersion(int& major, int& minor, int& maintenance,          \
-                                            int& build) {                                      \
-    major = kOdApiVersionMajor;                                                                \
-    minor = kOdApiVersionMinor;                                                                \
-    maintenance = kOdApiVersionMaintenance;                                                    \
-    build = kOdApiVersionBuild;                                                                \
+#define ODRX_DEFINE_DYNAMIC_MODULE(ModuleClass)                                       \
+  ODRX_MODULE_EXPORT OdRxModule* odrxCreateModuleObject() {                           \
+    return new ModuleClass();                                                         \
+  }                                                                                   \
+  ODRX_MODULE_EXPORT void odrxGetAPIVersion(int& major, int& minor, int& maintenance, \
+                                            int& build) {                             \
+    major = kOdApiVersionMajor;                                                       \
+    minor = kOdApiVersionMinor;                                                       \
+    maintenance = kOdApiVersionMaintenance;                                           \
+    build = kOdApiVersionBuild;                                                       \
   }

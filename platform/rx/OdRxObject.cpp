@@ -8,8 +8,12 @@ OdRxClass* g_OdRxObject_desc = nullptr;
 
 OdRxObject::~OdRxObject() = default;
 
-OdRxClass* OdRxObject::desc() { return g_OdRxObject_desc; }
-OdRxClass* OdRxObject::isA() const { return g_OdRxObject_desc; }
+OdRxClass* OdRxObject::desc() {
+  return g_OdRxObject_desc;
+}
+OdRxClass* OdRxObject::isA() const {
+  return g_OdRxObject_desc;
+}
 
 void OdRxObject::rxInit() {
   if (g_OdRxObject_desc) throw OdError(eAlreadyInitialized, "OdRxObject is already registered");

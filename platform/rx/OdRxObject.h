@@ -13,13 +13,13 @@ class OdRxObject;
 using OdRxObjectPtr = OdSmartPtr<OdRxObject>;
 
 // Declares the run-time class members of ClassName: its class object, identity and cast.
-#define ODRX_DECLARE_MEMBERS(ClassName)                    \
- public:                                                   \
-  static OdSmartPtr<ClassName> cast(const OdRxObject* p);  \
-  static OdRxClass* desc();                                \
-  OdRxClass* isA() const override;                         \
-  static OdSmartPtr<ClassName> createObject();             \
-  static void rxInit();                                    \
+#define ODRX_DECLARE_MEMBERS(ClassName)                   \
+ public:                                                  \
+  static OdSmartPtr<ClassName> cast(const OdRxObject* p); \
+  static OdRxClass* desc();                               \
+  OdRxClass* isA() const override;                        \
+  static OdSmartPtr<ClassName> createObject();            \
+  static void rxInit();                                   \
   static void rxUninit()
 
 class OdRxObject {

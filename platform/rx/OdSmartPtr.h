@@ -25,7 +25,7 @@ template <class T>
 class OdSmartPtr {
  public:
   OdSmartPtr() noexcept = default;
-  OdSmartPtr(std::nullptr_t) noexcept {}  // NOLINT
+  OdSmartPtr(std::nullptr_t) noexcept {}                                        // NOLINT
   OdSmartPtr(const T* object) : m_object(const_cast<T*>(object)) { addRef(); }  // NOLINT
   OdSmartPtr(const T* object, OdRxObjMod) noexcept : m_object(const_cast<T*>(object)) {}
   OdSmartPtr(const OdSmartPtr& other) : m_object(other.m_object) { addRef(); }

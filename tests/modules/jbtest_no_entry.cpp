@@ -1,2 +1,4 @@
 // A shared library that is not a module: it exports no entry points.
-extern "C" int jbtestNotAModule() { return 42; }
+extern "C" int jbtestNotAModule() {
+  return 42;
+}
