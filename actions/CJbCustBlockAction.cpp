@@ -10,6 +10,7 @@
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "parameters/CJbCustBlockFormatVersion.h"
+#include "parameters/CJbCustBlockParameter.h"
 #include "platform/base/OdError.h"
 #include "platform/db/OdDbAttributeDefinition.h"
 #include "platform/db/OdDbDwgFiler.h"
@@ -90,6 +91,15 @@ CJbCustBlockElementPtr CJbCustBlockAction::ParameterNode() const {
   const CJbCustBlockActionImpl& impl = *ActionImpl();
   if (IsNullId(impl.m_parameter.GetId()) || !impl.m_graph) return CJbCustBlockElementPtr();
   return impl.m_graph->GetNode(impl.m_parameter.GetId());
+}
+
+bool CJbCustBlockAction::TranslateByParameterPoint(CJbDbCustBlockGraphEvaluationContext* context) {
+  const CJbCustBlockParameterPtr parameter = CJbCustBlockParameter::cast(ParameterNode().get());
+  if (parameter.isNull()) return false;
+  const unsigned index = GetParameterPointIndex();
+  OdGeVector3d delta = parameter->GetUpdatedPosition(index) - parameter->GetCurrentPosition(index);
+  ApplyModifierOffset(delta);
+  return TransformAllSelections(context, OdGeMatrix3d::translation(delta));
 }
 
 bool CJbCustBlockAction::Reset(CJbDbCustBlockGraphEvaluationContext* context) {

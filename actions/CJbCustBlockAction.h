@@ -86,6 +86,9 @@ class CJbCustBlockAction : public CJbCustBlockElement, public CJbCustBlockParame
   CJbCustBlockActionImpl* ActionImpl() const;
   // The driving parameter in the graph, or null.
   CJbCustBlockElementPtr ParameterNode() const;
+  // Moves every set by the displacement of the bound parameter point, after the modifier; false
+  // without a parameter.
+  bool TranslateByParameterPoint(CJbDbCustBlockGraphEvaluationContext* context);
 };
 
 using CJbCustBlockActionPtr = OdSmartPtr<CJbCustBlockAction>;

@@ -6,7 +6,6 @@
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
 #include "parameters/CJbCustBlockXYParameter.h"
-#include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
 
@@ -24,12 +23,7 @@ OdString CJbCustBlockMoveAction::GetBaseName() const {
 
 bool CJbCustBlockMoveAction::Evaluate(CJbDbCustBlockGraphEvaluationContext* context) {
   if (!CJbCustBlockAction::Evaluate(context)) return false;
-  const CJbCustBlockParameterPtr parameter = CJbCustBlockParameter::cast(ParameterNode().get());
-  if (parameter.isNull()) return false;
-  const unsigned index = GetParameterPointIndex();
-  OdGeVector3d delta = parameter->GetUpdatedPosition(index) - parameter->GetCurrentPosition(index);
-  ApplyModifierOffset(delta);
-  return TransformAllSelections(context, OdGeMatrix3d::translation(delta));
+  return TranslateByParameterPoint(context);
 }
 
 OdArray<OdRxClass*> CJbCustBlockMoveAction::GetAcceptableParameters() const {

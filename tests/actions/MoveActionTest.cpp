@@ -4,6 +4,7 @@
 
 #include "ActionTestSupport.h"
 #include "actions/CJbCustBlockMoveAction.h"
+#include "actions/CJbCustBlockStretchAction.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
@@ -74,4 +75,23 @@ TEST_F(MoveActionTest, WithoutAnAcceptableParameterNothingMoves) {
   EXPECT_EQ(action->GetParameter(), 0);
   EXPECT_FALSE(evaluate());
   EXPECT_TRUE(SamePoint(line(lineId)->endPoint(), OdGePoint3d(10, 0, 0)));
+}
+
+TEST_F(MoveActionTest, StretchMovesOnlyThePointsInsideItsFrame) {
+  CJbCustBlockStretchActionPtr stretch(new CJbCustBlockStretchAction);
+  graph->AppendNode(stretch);
+  auto linear = addParameter<CJbCustBlockLinearParameter>(OdGePoint3d(10, 0, 0));
+  stretch->SetParameter(linear->GetElementId());
+  stretch->SetParameterPointIndex(1);
+  const OdDbObjectId inside =
+      addLine(open<OdDbLine>(lineId)->ownerId(), OdGePoint3d(9, 1, 0), OdGePoint3d(11, 1, 0));
+  stretch->SetEntities(0, {lineId, inside});
+  stretch->SetSelectionDefinition(0, {OdGePoint3d(8, -2, 0), OdGePoint3d(12, 2, 0)}, true);
+  linear->SetUpdatedPosition(1, OdGePoint3d(14, 0, 0));
+  CJbDbCustBlockGraphEvaluationContextPtr context(
+      new CJbDbCustBlockGraphEvaluationContext(0, OdDbObjectId::kNull));
+  EXPECT_TRUE(stretch->Evaluate(context.get()));
+  EXPECT_TRUE(SamePoint(line(lineId)->startPoint(), OdGePoint3d::kOrigin));
+  EXPECT_TRUE(SamePoint(line(lineId)->endPoint(), OdGePoint3d(14, 0, 0)));
+  EXPECT_TRUE(SamePoint(line(inside)->startPoint(), OdGePoint3d(13, 1, 0)));
 }
