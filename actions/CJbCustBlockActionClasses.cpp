@@ -3,15 +3,18 @@
 
 #include "actions/CJbCustBlockAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
+#include "actions/CJbCustBlockPolarStretchAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
 
 void CJbCustBlockActionClasses::RxInit() {
   CJbCustBlockAction::rxInit();
   CJbCustBlockMoveAction::rxInit();
   CJbCustBlockStretchAction::rxInit();
+  CJbCustBlockPolarStretchAction::rxInit();
 }
 
 void CJbCustBlockActionClasses::RxUninit() {
+  CJbCustBlockPolarStretchAction::rxUninit();
   CJbCustBlockStretchAction::rxUninit();
   CJbCustBlockMoveAction::rxUninit();
   CJbCustBlockAction::rxUninit();

@@ -1,16 +1,19 @@
-// The move action: the selection follows the parameter point the action is bound to, through the
-// action's modifier, and nothing moves without a parameter or a displacement.
+// Move, stretch and polar stretch: the selection follows the parameter point the action is bound
+// to, through the action's modifier; frames decide what is stretched; nothing moves without a
+// parameter or a displacement.
 #include <cmath>
 
 #include "ActionTestSupport.h"
 #include "actions/CJbCustBlockMoveAction.h"
+#include "actions/CJbCustBlockPolarStretchAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
+#include "parameters/CJbCustBlockPolarParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"
 
-class MoveActionTest : public ActionTest {
+class ActionKindTest : public ActionTest {
  protected:
   void SetUp() override {
     ActionTest::SetUp();
@@ -41,7 +44,7 @@ class MoveActionTest : public ActionTest {
   CJbCustBlockMoveActionPtr action;
 };
 
-TEST_F(MoveActionTest, SelectionFollowsTheBoundPointThroughTheModifier) {
+TEST_F(ActionKindTest, SelectionFollowsTheBoundPointThroughTheModifier) {
   auto linear = addParameter<CJbCustBlockLinearParameter>(OdGePoint3d(10, 0, 0));
   action->SetParameter(linear->GetElementId());
   action->SetParameterPointIndex(1);
@@ -65,7 +68,7 @@ TEST_F(MoveActionTest, SelectionFollowsTheBoundPointThroughTheModifier) {
   EXPECT_TRUE(SamePoint(line(lineId)->startPoint(), OdGePoint3d(1, 4, 0)));
 }
 
-TEST_F(MoveActionTest, WithoutAnAcceptableParameterNothingMoves) {
+TEST_F(ActionKindTest, WithoutAnAcceptableParameterNothingMoves) {
   EXPECT_FALSE(evaluate());
   EXPECT_EQ(action->GetBaseName(), OdString("Move"));
   auto rotation = addParameter<CJbCustBlockRotationParameter>(OdGePoint3d(10, 0, 0));
@@ -77,7 +80,7 @@ TEST_F(MoveActionTest, WithoutAnAcceptableParameterNothingMoves) {
   EXPECT_TRUE(SamePoint(line(lineId)->endPoint(), OdGePoint3d(10, 0, 0)));
 }
 
-TEST_F(MoveActionTest, StretchMovesOnlyThePointsInsideItsFrame) {
+TEST_F(ActionKindTest, StretchMovesOnlyThePointsInsideItsFrame) {
   CJbCustBlockStretchActionPtr stretch(new CJbCustBlockStretchAction);
   graph->AppendNode(stretch);
   auto linear = addParameter<CJbCustBlockLinearParameter>(OdGePoint3d(10, 0, 0));
@@ -94,4 +97,31 @@ TEST_F(MoveActionTest, StretchMovesOnlyThePointsInsideItsFrame) {
   EXPECT_TRUE(SamePoint(line(lineId)->startPoint(), OdGePoint3d::kOrigin));
   EXPECT_TRUE(SamePoint(line(lineId)->endPoint(), OdGePoint3d(14, 0, 0)));
   EXPECT_TRUE(SamePoint(line(inside)->startPoint(), OdGePoint3d(13, 1, 0)));
+}
+
+TEST_F(ActionKindTest, PolarStretchTurnsBothSetsThenStretchesTheFirst) {
+  CJbCustBlockPolarStretchActionPtr polar(new CJbCustBlockPolarStretchAction);
+  graph->AppendNode(polar);
+  auto parameter = addParameter<CJbCustBlockPolarParameter>(OdGePoint3d(10, 0, 0));
+  polar->SetParameter(parameter->GetElementId());
+  polar->SetParameterPointIndex(1);
+  const OdDbObjectId turned =
+      addLine(open<OdDbLine>(lineId)->ownerId(), OdGePoint3d(10, 1, 0), OdGePoint3d(10, 3, 0));
+  polar->SetEntities(0, {lineId});
+  polar->SetSelectionDefinition(0, {OdGePoint3d(8, -2, 0), OdGePoint3d(12, 2, 0)}, true);
+  polar->SetEntities(1, {turned});
+  CJbDbCustBlockGraphEvaluationContextPtr context(
+      new CJbDbCustBlockGraphEvaluationContext(0, OdDbObjectId::kNull));
+  EXPECT_TRUE(polar->Evaluate(context.get()));
+
+  // A quarter turn and twice the length: the line turns whole, then only its end goes out.
+  parameter->SetUpdatedPosition(1, OdGePoint3d(0, 20, 0));
+  EXPECT_TRUE(polar->Evaluate(context.get()));
+  EXPECT_TRUE(SamePoint(line(lineId)->startPoint(), OdGePoint3d::kOrigin));
+  EXPECT_TRUE(SamePoint(line(lineId)->endPoint(), OdGePoint3d(0, 20, 0)));
+  EXPECT_TRUE(SamePoint(line(turned)->startPoint(), OdGePoint3d(-1, 10, 0)));
+  EXPECT_TRUE(SamePoint(line(turned)->endPoint(), OdGePoint3d(-3, 10, 0)));
+
+  polar->SetParameterPointIndex(2);
+  EXPECT_FALSE(polar->Evaluate(context.get()));
 }
