@@ -38,6 +38,37 @@ OdArray<int> indicesInside(const OdGeContour2d& frame, const OdArray<OdGePoint3d
   return indices;
 }
 
+// Records, for every entity and element of `set`, the indices of its stretch points inside the
+// frame through `corners` (their extents when `rectangle`) moved by `offset`.
+void collectIndicesInFrame(SelectionSet& set, const CJbDbCustBlockGraph* graph, bool rectangle,
+                           const OdArray<OdGePoint2d>& corners, const OdGeVector3d& offset) {
+  OdGeContour2d frame;
+  if (rectangle) {
+    OdGePoint2d low = corners[0], high = corners[0];
+    for (const auto& corner : corners) {
+      low.set(std::min(low.x, corner.x), std::min(low.y, corner.y));
+      high.set(std::max(high.x, corner.x), std::max(high.y, corner.y));
+    }
+    frame = OdGeContour2d::rectangle(low, high);
+  } else {
+    frame = OdGeContour2d::fromPoints(corners);
+  }
+  if (!offset.isZeroLength()) frame.translate(OdGeVector2d(offset.x, offset.y));
+  // A frame without area encloses nothing to stretch: the whole set moves.
+  if (std::fabs(frame.area()) <= OdGeContext::gTol.equalPoint()) return;
+  for (unsigned i = 0; i < set.entities.length(); ++i) {
+    OdDbEntityPtr entity = OdDbEntity::cast(set.entities[i].openObject(OdDb::kForRead).get());
+    OdGePoint3dArray points;
+    if (entity.isNull() || entity->getStretchPoints(points) != eOk) continue;
+    set.entityIndices[i] = indicesInside(frame, points);
+  }
+  for (unsigned i = 0; i < set.elements.length(); ++i) {
+    CJbCustBlockElementPtr element = graph ? graph->GetNode(set.elements[i]) : nullptr;
+    if (!element.isNull())
+      set.elementIndices[i] = indicesInside(frame, element->GetStretchPoints());
+  }
+}
+
 bool sameIndexArrays(const OdArray<OdArray<int>>& a, const OdArray<OdArray<int>>& b) {
   if (a.length() != b.length()) return false;
   for (unsigned i = 0; i < a.length(); ++i) {
@@ -328,16 +359,22 @@ bool CJbCustBlockAction::TransformSelection(CJbDbCustBlockGraphEvaluationContext
     if (selection.entities.length() > selection.currentEntities.length())
       throw OdError(eInvalidIndex, "action selection: no entity of the evaluated block for entry " +
                                        std::to_string(selection.currentEntities.length()));
+    // Every entity is opened first: one that is erased or not an entity fails the set untouched.
+    OdArray<OdDbEntityPtr> entities;
     for (unsigned i = 0; i < selection.entities.length(); ++i) {
-      OdDbEntityPtr entity =
-          OdDbEntity::cast(selection.currentEntities[i].safeOpenObject(OdDb::kForWrite).get());
-      if (entity.isNull()) continue;
-      const OdDbAttributeDefinition* attribute = OdDbAttributeDefinition::cast(entity.get()).get();
+      OdDbObjectPtr object;
+      if (selection.currentEntities[i].openObject(object, OdDb::kForWrite) != eOk) return false;
+      entities.append(OdDbEntity::cast(object.get()));
+      if (entities.last().isNull()) return false;
+    }
+    for (unsigned i = 0; i < entities.length(); ++i) {
+      const OdDbAttributeDefinition* attribute =
+          OdDbAttributeDefinition::cast(entities[i].get()).get();
       if (attribute && !attribute->lockPositionInBlock()) continue;
       if (stretch && !selection.entityIndices[i].isEmpty())
-        entity->moveStretchPointsAt(selection.entityIndices[i], offset);
+        entities[i]->moveStretchPointsAt(selection.entityIndices[i], offset);
       else
-        entity->transformBy(matrix);
+        entities[i]->transformBy(matrix);
     }
   }
   for (unsigned i = 0; i < selection.elements.length(); ++i) {
@@ -518,33 +555,8 @@ void CJbCustBlockAction::RecalculateSelectionSetByDefinition(unsigned set,
       corners.append(point.convert2d());
     const bool rectangle = updated.kind == CJbCustBlockActionImpl::kRectangleSelection;
     const bool polygon = updated.kind == CJbCustBlockActionImpl::kPolygonSelection;
-    if ((rectangle && corners.length() >= 2) || (polygon && corners.length() >= 3)) {
-      OdGeContour2d frame;
-      if (rectangle) {
-        OdGePoint2d low = corners[0], high = corners[0];
-        for (const auto& corner : corners) {
-          low.set(std::min(low.x, corner.x), std::min(low.y, corner.y));
-          high.set(std::max(high.x, corner.x), std::max(high.y, corner.y));
-        }
-        frame = OdGeContour2d::rectangle(low, high);
-      } else {
-        frame = OdGeContour2d::fromPoints(corners);
-      }
-      if (!offset.isZeroLength()) frame.translate(OdGeVector2d(offset.x, offset.y));
-      for (unsigned i = 0; i < updated.entities.length(); ++i) {
-        OdDbEntityPtr entity =
-            OdDbEntity::cast(updated.entities[i].openObject(OdDb::kForRead).get());
-        OdGePoint3dArray points;
-        if (entity.isNull() || entity->getStretchPoints(points) != eOk) continue;
-        updated.entityIndices[i] = indicesInside(frame, points);
-      }
-      for (unsigned i = 0; i < updated.elements.length(); ++i) {
-        CJbCustBlockElementPtr element =
-            impl.m_graph ? impl.m_graph->GetNode(updated.elements[i]) : CJbCustBlockElementPtr();
-        if (!element.isNull())
-          updated.elementIndices[i] = indicesInside(frame, element->GetStretchPoints());
-      }
-    }
+    if ((rectangle && corners.length() >= 2) || (polygon && corners.length() >= 3))
+      collectIndicesInFrame(updated, impl.m_graph, rectangle, corners, offset);
     const SelectionSet& stored = impl.m_sets[s];
     if (sameIndexArrays(updated.entityIndices, stored.entityIndices) &&
         sameIndexArrays(updated.elementIndices, stored.elementIndices))

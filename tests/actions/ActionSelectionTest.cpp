@@ -175,3 +175,18 @@ TEST_F(ActionSelectionTest, ParameterValidation) {
   action->onePerParameter = false;
   EXPECT_TRUE(action->ValidateParameter(graphId, linearId, reason));
 }
+
+TEST_F(ActionSelectionTest, BadSelectionsChangeNothing) {
+  // A frame without area stretches nothing.
+  action->stretch = true;
+  action->SetSelectionDefinition(0, {OdGePoint3d(-5, 0, 0), OdGePoint3d(5, 0, 0)}, true);
+  OdArray<OdArray<int>> indices;
+  action->GetEntities(0, &indices);
+  EXPECT_TRUE(indices[0].isEmpty());
+
+  // An erased entity fails the set before anything moves.
+  action->SetCurrentEntities(0, copyIds);
+  open<OdDbLine>(copyIds[2], OdDb::kForWrite)->erase();
+  EXPECT_FALSE(transform(OdGeVector3d(1, 0, 0)));
+  EXPECT_TRUE(SamePoint(line(copyIds[0])->startPoint(), OdGePoint3d::kOrigin));
+}
