@@ -3,7 +3,7 @@
 #include "cli/RenderCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <regex>
+#include <string_view>
 
 #include "cli/DrawingFile.h"
 #include "cli/DrawingImageWriter.h"
@@ -14,13 +14,26 @@
 #include "platform/db/OdDbBlockTableRecord.h"
 
 namespace {
+// One side of a size: 1 to 5 decimal digits.
+bool parseSide(std::string_view text, int& side) {
+  if (text.empty() || text.size() > 5) return false;
+  side = 0;
+  for (char c : text) {
+    if (c < '0' || c > '9') return false;
+    side = side * 10 + (c - '0');
+  }
+  return true;
+}
+
 // "WxH" with both sides from 1 to 16384 pixels.
 bool parseSize(const std::string& text, QSize& size) {
-  static const std::regex pattern("([0-9]{1,5})x([0-9]{1,5})");
-  std::smatch match;
-  if (!std::regex_match(text, match, pattern)) return false;
-  size = QSize(std::stoi(match[1]), std::stoi(match[2]));
-  return size.width() >= 1 && size.height() >= 1 && size.width() <= 16384 && size.height() <= 16384;
+  const auto x = text.find('x');
+  int width = 0, height = 0;
+  if (x == std::string::npos || !parseSide(std::string_view(text).substr(0, x), width) ||
+      !parseSide(std::string_view(text).substr(x + 1), height))
+    return false;
+  size = QSize(width, height);
+  return width >= 1 && height >= 1 && width <= 16384 && height <= 16384;
 }
 }  // namespace
 

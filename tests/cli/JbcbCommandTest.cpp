@@ -81,7 +81,8 @@ TEST_F(JbcbCommand, UsageErrorsExitTwoAndShowTheUsage) {
   EXPECT_EQ(r.code, 2);
   EXPECT_TRUE(r.err.contains(".png or .svg")) << r.err.toStdString();
   EXPECT_TRUE(r.err.contains("--background")) << "usage of render";
-  EXPECT_EQ(jbcb({"render", path("a.dxf"), "-o", path("a.png"), "--size", "0x5"}).code, 2);
+  for (const char* size : {"0x5", "12x", "x5", "3x4x5", "20000x10", "-3x4"})
+    EXPECT_EQ(jbcb({"render", path("a.dxf"), "-o", path("a.png"), "--size", size}).code, 2) << size;
   EXPECT_EQ(jbcb({"convert", path("a.dxf"), "-o", path("b.dxf"), "--version", "R14"}).code, 2);
   EXPECT_EQ(jbcb({"check", path("a.dxf"), "--fix"}).code, 2);
   EXPECT_EQ(jbcb({"check", path("a.dxf"), path("a.dxf"), "--fix", "-o", path("c.dxf")}).code, 2);

@@ -1,0 +1,21 @@
+// Registration of the run-time classes of actions.
+#include "actions/CJbCustBlockActionClasses.h"
+
+#include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockMoveAction.h"
+#include "actions/CJbCustBlockPolarStretchAction.h"
+#include "actions/CJbCustBlockStretchAction.h"
+
+void CJbCustBlockActionClasses::RxInit() {
+  CJbCustBlockAction::rxInit();
+  CJbCustBlockMoveAction::rxInit();
+  CJbCustBlockStretchAction::rxInit();
+  CJbCustBlockPolarStretchAction::rxInit();
+}
+
+void CJbCustBlockActionClasses::RxUninit() {
+  CJbCustBlockPolarStretchAction::rxUninit();
+  CJbCustBlockStretchAction::rxUninit();
+  CJbCustBlockMoveAction::rxUninit();
+  CJbCustBlockAction::rxUninit();
+}
