@@ -156,12 +156,17 @@ void OdDbDatabase::setHandseed(const OdDbHandle& value) {
 }
 
 OdDbObjectIdArray OdDbDatabase::objectIds() const {
+  // Stubs are made in the order handles are handed out or loaded, which is mostly ascending:
+  // walking them is cheaper than walking the handle map, and the sort has little to do.
   std::vector<OdDbStub*> stubs;
-  stubs.reserve(m_handles.size());
-  for (const auto& entry : m_handles)
-    if (entry.second->object()) stubs.push_back(entry.second);
-  std::sort(stubs.begin(), stubs.end(),
-            [](const OdDbStub* a, const OdDbStub* b) { return a->handle() < b->handle(); });
+  stubs.reserve(m_stubs.size());
+  for (const OdDbStub& stub : m_stubs)
+    if (stub.object()) stubs.push_back(const_cast<OdDbStub*>(&stub));
+  const auto byHandle = [](const OdDbStub* a, const OdDbStub* b) {
+    return a->handle() < b->handle();
+  };
+  if (!std::is_sorted(stubs.begin(), stubs.end(), byHandle))
+    std::sort(stubs.begin(), stubs.end(), byHandle);
   OdDbObjectIdArray ids(static_cast<OdDbObjectIdArray::size_type>(stubs.size()));
   for (OdDbStub* stub : stubs)
     ids.append(OdDbObjectId(stub));

@@ -51,6 +51,9 @@ class OdDbDatabase : public OdRxObject {
   // eInvalidInput when a handle at or above value is in use.
   void setHandseed(const OdDbHandle& value);
   std::size_t numObjects() const { return m_handles.size(); }
+  // Makes room for count handles, so that a loader that knows how many objects are coming does
+  // not grow the handle map step by step.
+  void reserveHandles(std::size_t count) { m_handles.reserve(count); }
   // Ids of all objects, purged ones excepted, by ascending handle.
   OdDbObjectIdArray objectIds() const;
 

@@ -15,6 +15,7 @@ class DxfAsciiTagReader : public DxfTagReader {
 
   OdString position() const override;
   bool isBinary() const override { return false; }
+  std::size_t size() const override { return m_bytes.size(); }
 
  protected:
   bool readTag(DxfTag& tag) override;

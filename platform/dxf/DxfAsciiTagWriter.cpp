@@ -6,6 +6,16 @@
 
 #include "platform/base/OdError.h"
 
+namespace {
+// Right-aligns digits at width in line; returns the length.
+std::size_t rightAligned(char* line, const char* digits, std::size_t length, std::size_t width) {
+  const std::size_t pad = length < width ? width - length : 0;
+  std::memset(line, ' ', pad);
+  std::memcpy(line + pad, digits, length);
+  return pad + length;
+}
+}  // namespace
+
 DxfAsciiTagWriter::DxfAsciiTagWriter(LineEnd lineEnd) : m_crlf(lineEnd == LineEnd::kCrLf) {}
 
 void DxfAsciiTagWriter::endLine() {
@@ -13,18 +23,22 @@ void DxfAsciiTagWriter::endLine() {
   m_data += '\n';
 }
 
+void DxfAsciiTagWriter::putLine(char* line, std::size_t length) {
+  if (m_crlf) line[length++] = '\r';
+  line[length++] = '\n';
+  m_data.append(line, length);
+}
+
 void DxfAsciiTagWriter::putCode(int code) {
   char digits[8];
   auto end = std::to_chars(digits, digits + sizeof digits, code).ptr;
-  std::size_t length = static_cast<std::size_t>(end - digits);
-  if (length < 3) m_data.append(3 - length, ' ');
-  m_data.append(digits, length);
-  endLine();
+  char line[16];
+  putLine(line, rightAligned(line, digits, static_cast<std::size_t>(end - digits), 3));
 }
 
 void DxfAsciiTagWriter::putText(int code, std::string_view text) {
   // Binary files may hold multi-line text; a text file cannot.
-  if (text.find_first_of("\r\n") != std::string_view::npos)
+  if (hasLineBreak(text))
     throw OdError(eInvalidInput,
                   OdString::format("group code %d: text with a line break cannot be written to a "
                                    "text DXF file",
@@ -41,23 +55,22 @@ void DxfAsciiTagWriter::putInteger(int code, DxfValueKind kind, std::int64_t val
                                                            : 6;
   char digits[24];
   auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-  std::size_t length = static_cast<std::size_t>(end - digits);
   putCode(code);
-  if (length < width) m_data.append(width - length, ' ');
-  m_data.append(digits, length);
-  endLine();
+  char line[32];
+  putLine(line, rightAligned(line, digits, static_cast<std::size_t>(end - digits), width));
 }
 
 void DxfAsciiTagWriter::putDouble(int code, double value) {
-  char digits[32];
-  auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
-  std::size_t length = static_cast<std::size_t>(end - digits);
+  char line[40];
+  auto end = std::to_chars(line, line + 32, value).ptr;
+  std::size_t length = static_cast<std::size_t>(end - line);
   putCode(code);
-  m_data.append(digits, length);
   // Whole numbers keep a decimal point ("0.0", "-0.0") so they read as doubles at a glance.
-  if (std::memchr(digits, '.', length) == nullptr && std::memchr(digits, 'e', length) == nullptr)
-    m_data += ".0";
-  endLine();
+  if (std::memchr(line, '.', length) == nullptr && std::memchr(line, 'e', length) == nullptr) {
+    line[length++] = '.';
+    line[length++] = '0';
+  }
+  putLine(line, length);
 }
 
 void DxfAsciiTagWriter::putChunk(int code, const std::uint8_t* data, std::size_t size) {

@@ -19,6 +19,9 @@ class DxfAsciiTagWriter : public DxfTagWriter {
 
  private:
   void putCode(int code);
+  // Appends a line held in a scratch buffer with room for the line end after length chars: one
+  // append a line rather than one a piece.
+  void putLine(char* line, std::size_t length);
   void endLine();
 
   bool m_crlf;

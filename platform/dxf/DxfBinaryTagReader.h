@@ -21,6 +21,7 @@ class DxfBinaryTagReader : public DxfTagReader {
 
   OdString position() const override;
   bool isBinary() const override { return true; }
+  std::size_t size() const override { return m_bytes.size(); }
   bool hasOneByteCodes() const noexcept { return m_oneByteCodes; }
 
  protected:

@@ -5,17 +5,29 @@
 
 #include "platform/dxf/DxfBinaryTagReader.h"
 
+namespace {
+// Writes value into out as width little-endian bytes; returns the end.
+char* littleEndian(char* out, std::uint64_t value, std::size_t width) {
+  for (std::size_t i = 0; i < width; ++i, value >>= 8)
+    *out++ = static_cast<char>(value & 0xFF);
+  return out;
+}
+}  // namespace
+
 DxfBinaryTagWriter::DxfBinaryTagWriter() {
   m_data.append(DxfBinaryTagReader::sentinel());
 }
 
-void DxfBinaryTagWriter::putLittleEndian(std::uint64_t value, std::size_t bytes) {
-  for (std::size_t i = 0; i < bytes; ++i, value >>= 8)
-    m_data += static_cast<char>(value & 0xFF);
+void DxfBinaryTagWriter::putNumber(int code, std::uint64_t value, std::size_t width) {
+  char bytes[10];
+  char* end = littleEndian(littleEndian(bytes, static_cast<std::uint64_t>(code), 2), value, width);
+  m_data.append(bytes, static_cast<std::size_t>(end - bytes));
 }
 
 void DxfBinaryTagWriter::putText(int code, std::string_view text) {
-  putLittleEndian(static_cast<std::uint64_t>(code), 2);
+  char bytes[2];
+  littleEndian(bytes, static_cast<std::uint64_t>(code), 2);
+  m_data.append(bytes, sizeof bytes);
   m_data += text;
   m_data += '\0';
 }
@@ -25,19 +37,16 @@ void DxfBinaryTagWriter::putInteger(int code, DxfValueKind kind, std::int64_t va
                       : kind == DxfValueKind::kInt32 ? 4
                       : kind == DxfValueKind::kInt16 ? 2
                                                      : 1;
-  putLittleEndian(static_cast<std::uint64_t>(code), 2);
-  putLittleEndian(static_cast<std::uint64_t>(value), width);
+  putNumber(code, static_cast<std::uint64_t>(value), width);
 }
 
 void DxfBinaryTagWriter::putDouble(int code, double value) {
   std::uint64_t bits;
   std::memcpy(&bits, &value, sizeof bits);
-  putLittleEndian(static_cast<std::uint64_t>(code), 2);
-  putLittleEndian(bits, 8);
+  putNumber(code, bits, 8);
 }
 
 void DxfBinaryTagWriter::putChunk(int code, const std::uint8_t* data, std::size_t size) {
-  putLittleEndian(static_cast<std::uint64_t>(code), 2);
-  m_data += static_cast<char>(size);
+  putNumber(code, size, 1);
   m_data.append(reinterpret_cast<const char*>(data), size);
 }

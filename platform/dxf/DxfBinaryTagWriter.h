@@ -15,5 +15,6 @@ class DxfBinaryTagWriter : public DxfTagWriter {
   void putChunk(int code, const std::uint8_t* data, std::size_t size) override;
 
  private:
-  void putLittleEndian(std::uint64_t value, std::size_t bytes);
+  // Appends the group code and a number of width bytes as one piece.
+  void putNumber(int code, std::uint64_t value, std::size_t width);
 };

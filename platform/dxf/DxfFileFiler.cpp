@@ -317,7 +317,7 @@ void DxfFileFiler::putString(int code, const OdString& value) {
     text = &escaped;
   }
   // A text file holds one value a line: control characters go in caret notation ("^J").
-  if (m_textFile && text->find_first_of("\r\n") != std::string::npos) {
+  if (m_textFile && DxfTagWriter::hasLineBreak(*text)) {
     std::string caret;
     for (char c : *text) {
       if (c == '\n' || c == '\r') {

@@ -23,6 +23,8 @@
 
 namespace {
 constexpr std::size_t kShownValue = 40;
+// No record takes fewer bytes than this in either file form (a 0 tag and a handle tag).
+constexpr std::size_t kSmallestRecordBytes = 16;
 
 OdString shown(const DxfTag& tag) {
   if (tag.fileForm() == DxfTag::FileForm::kBinary && tag.kind() != DxfValueKind::kString &&
@@ -147,7 +149,11 @@ void DxfFileReader::readHeader() {
       m_version = DxfFileVersion::fromName(tag.asString());
       m_filer->setVersion(m_version);
     } else if (variable->name == "$HANDSEED" && tag.code() == 5) {
-      m_db->setHandseed(tag.asHandle());
+      const OdDbHandle seed = tag.asHandle();
+      m_db->setHandseed(seed);
+      // Handles run below the seed; a seed far beyond what the file can hold is not trusted.
+      m_db->reserveHandles(static_cast<std::size_t>(
+          std::min<std::uint64_t>(seed.value(), m_reader.size() / kSmallestRecordBytes)));
     } else if (variable->name == "$INSUNITS" && tag.code() == 70) {
       m_db->setINSUNITS(tag.asInt16());
     }
@@ -379,7 +385,7 @@ void DxfFileReader::readEntity(const OdDbObjectId& block) {
       if (allKept) {
         for (const OdDbHandle& kept : m_followerHandles)
           m_db->getOdDbObjectId(kept, true);
-        m_info->setRecordHandles(parent->objectId(), m_followerHandles);
+        m_info->setRecordHandles(parent->objectId(), std::move(m_followerHandles));
       }
       endFollowers();
       return;

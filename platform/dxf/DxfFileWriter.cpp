@@ -159,8 +159,9 @@ void DxfFileWriter::plan() {
   if (!named.isNull() && !named.isErased()) m_objects.append(named);
   for (const OdDbObjectId& id : m_db->objectIds()) {
     const OdDbObject* object = id.stub()->object();
-    if (id == named || id.isErased() || m_planned.count(id.stub()) ||
-        object->isKindOf(OdDbEntity::desc()) || object->isKindOf(OdDbSymbolTable::desc()) ||
+    // Entities, most of a drawing, are told apart before the look-up in the plan.
+    if (id == named || id.isErased() || object->isKindOf(OdDbEntity::desc()) ||
+        m_planned.count(id.stub()) || object->isKindOf(OdDbSymbolTable::desc()) ||
         object->isKindOf(OdDbSymbolTableRecord::desc()))
       continue;
     m_objects.append(id);
@@ -172,11 +173,11 @@ void DxfFileWriter::plan() {
 void DxfFileWriter::planEntities(const OdDbObjectId& blockId) {
   OdDbObjectPtr blockObject = m_db->openObject(blockId);
   auto* block = static_cast<OdDbBlockTableRecord*>(blockObject.get());
-  OdDbObjectIdArray& entities = m_blockEntities[blockId.stub()];
+  std::vector<PlannedEntity>& entities = m_blockEntities[blockId.stub()];
   for (OdDbObjectIteratorPtr it = block->newIterator(); !it->done(); it->step()) {
     const OdDbObjectId id = it->objectId();
     OdDbObjectPtr entity = m_db->openObject(id);
-    entities.append(id);
+    entities.push_back({id, nullptr});
     use(entity.get());
     if (auto* reference = OdDbBlockReference::cast(entity.get()).get()) {
       std::size_t attributes = 0;
@@ -184,11 +185,11 @@ void DxfFileWriter::planEntities(const OdDbObjectId& blockId) {
         ++attributes;
         use(a->objectId());
       }
-      if (attributes) m_info->recordHandles(m_db, id, 1);
+      if (attributes) entities.back().recordHandles = &m_info->recordHandles(m_db, id, 1);
     } else if (auto* polyline = OdDb2dPolyline::cast(entity.get()).get()) {
-      m_info->recordHandles(m_db, id, polyline->numVerts() + 1);
+      entities.back().recordHandles = &m_info->recordHandles(m_db, id, polyline->numVerts() + 1);
     } else if (auto* polyline3d = OdDb3dPolyline::cast(entity.get()).get()) {
-      m_info->recordHandles(m_db, id, polyline3d->numVerts() + 1);
+      entities.back().recordHandles = &m_info->recordHandles(m_db, id, polyline3d->numVerts() + 1);
     } else {
       auto followers = m_info->followers.find(id.stub());
       if (followers == m_info->followers.end()) continue;
@@ -364,7 +365,8 @@ void DxfFileWriter::writeBlockFraming(const OdDbObjectId& blockId, bool begin) {
   if (!block->comments().isEmpty()) m_filer->writeKept(4, block->comments());
 }
 
-void DxfFileWriter::writeEntity(const OdDbObjectId& id) {
+void DxfFileWriter::writeEntity(const PlannedEntity& planned) {
+  const OdDbObjectId& id = planned.id;
   OdDbObjectPtr entity = m_db->openObject(id);
   writeObject(entity.get());
   if (auto* reference = OdDbBlockReference::cast(entity.get()).get()) {
@@ -374,7 +376,7 @@ void DxfFileWriter::writeEntity(const OdDbObjectId& id) {
     if (attributes.isEmpty()) return;
     for (const OdDbObjectId& attribute : attributes)
       writeObject(attribute);
-    const OdDbHandle end = m_info->recordHandles(m_db, id, 1)[0];
+    const OdDbHandle end = (*planned.recordHandles)[0];
     m_writer->write(0, "SEQEND");
     m_writer->write(5, end);
     m_writer->write(330, id.getHandle());
@@ -384,7 +386,7 @@ void DxfFileWriter::writeEntity(const OdDbObjectId& id) {
   }
   if (auto* polyline = OdDb2dPolyline::cast(entity.get()).get()) {
     const unsigned int count = polyline->numVerts();
-    const std::vector<OdDbHandle> handles = m_info->recordHandles(m_db, id, count + 1);
+    const std::vector<OdDbHandle>& handles = *planned.recordHandles;
     for (unsigned int i = 0; i < count; ++i)
       writeObject(polyline->vertexAt(i).get(), handles[i], id);
     writeObject(polyline->sequenceEnd().get(), handles[count], id);
@@ -392,7 +394,7 @@ void DxfFileWriter::writeEntity(const OdDbObjectId& id) {
   }
   if (auto* polyline = OdDb3dPolyline::cast(entity.get()).get()) {
     const unsigned int count = polyline->numVerts();
-    const std::vector<OdDbHandle> handles = m_info->recordHandles(m_db, id, count + 1);
+    const std::vector<OdDbHandle>& handles = *planned.recordHandles;
     for (unsigned int i = 0; i < count; ++i)
       writeObject(polyline->vertexAt(i).get(), handles[i], id);
     writeObject(polyline->sequenceEnd().get(), handles[count], id);
@@ -411,8 +413,8 @@ void DxfFileWriter::writeBlocks() {
     const OdString name =
         static_cast<OdDbBlockTableRecord*>(m_db->openObject(blockId).get())->getName();
     if (!isLayoutBlockInEntities(name))
-      for (const OdDbObjectId& id : m_blockEntities[blockId.stub()])
-        writeEntity(id);
+      for (const PlannedEntity& planned : m_blockEntities[blockId.stub()])
+        writeEntity(planned);
     writeBlockFraming(blockId, false);
   }
   endSection();
@@ -422,8 +424,8 @@ void DxfFileWriter::writeEntities() {
   beginSection("ENTITIES");
   for (const OdDbObjectId& id : {m_db->getModelSpaceId(), m_db->getPaperSpaceId()}) {
     if (id.isNull()) continue;
-    for (const OdDbObjectId& entity : m_blockEntities[id.stub()])
-      writeEntity(entity);
+    for (const PlannedEntity& planned : m_blockEntities[id.stub()])
+      writeEntity(planned);
   }
   endSection();
 }

@@ -29,6 +29,12 @@ class DxfFileWriter {
     OdDbObjectId tableId;
     OdDbObjectIdArray recordIds;
   };
+  // An entity of a block, with the handles of the records written after it (attributes' sequence
+  // end, vertices), resolved once when planning; null when it has none.
+  struct PlannedEntity {
+    OdDbObjectId id;
+    const std::vector<OdDbHandle>* recordHandles;
+  };
   struct ClassUse {
     std::size_t count = 0;
     bool entity = false;
@@ -52,7 +58,7 @@ class DxfFileWriter {
   void writeObject(const OdDbObject* object, OdDbHandle handle = OdDbHandle(),
                    OdDbObjectId owner = OdDbObjectId::kNull);
   void writeObject(const OdDbObjectId& id);
-  void writeEntity(const OdDbObjectId& id);
+  void writeEntity(const PlannedEntity& planned);
   void writeBlockFraming(const OdDbObjectId& blockId, bool begin);
   static OdString dxfNameOf(const OdDbObject* object);
   bool isLayoutBlockInEntities(const OdString& name) const;
@@ -65,7 +71,7 @@ class DxfFileWriter {
 
   std::vector<Table> m_tables;
   OdDbObjectIdArray m_blocks;
-  std::map<OdDbStub*, OdDbObjectIdArray> m_blockEntities;
+  std::map<OdDbStub*, std::vector<PlannedEntity>> m_blockEntities;
   OdDbObjectIdArray m_objects;
   std::unordered_set<OdDbStub*> m_planned;
   std::vector<OdString> m_classOrder;

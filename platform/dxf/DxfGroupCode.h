@@ -2,7 +2,9 @@
 // (OdDxfCode) that result buffers use too.
 #pragma once
 
-enum class DxfValueKind {
+#include <cstdint>
+
+enum class DxfValueKind : std::uint8_t {
   kInvalid,  // not a group code that may appear in a DXF file
   kString,   // text; also the 999 comment
   kDouble,   // coordinates, distances, angles, scales

@@ -20,10 +20,14 @@ class DxfTag {
   DxfTag() = default;
   // location: the line of the value in a text file, its byte offset in a binary file.
   DxfTag(int code, std::string_view value, FileForm form, std::size_t location) noexcept
-      : m_value(value), m_location(location), m_code(code), m_form(form) {}
+      : m_value(value),
+        m_location(location),
+        m_code(code),
+        m_kind(DxfGroupCode::kindOf(code)),
+        m_form(form) {}
 
   int code() const noexcept { return m_code; }
-  DxfValueKind kind() const noexcept { return DxfGroupCode::kindOf(m_code); }
+  DxfValueKind kind() const noexcept { return m_kind; }
   // The value as stored; a view into the reader's buffer, valid while the reader lives.
   std::string_view raw() const noexcept { return m_value; }
   FileForm fileForm() const noexcept { return m_form; }
@@ -56,5 +60,6 @@ class DxfTag {
   std::string_view m_value;
   std::size_t m_location = 0;
   int m_code = 0;
+  DxfValueKind m_kind = DxfValueKind::kString;  // of m_code, looked up once: values are read often
   FileForm m_form = FileForm::kText;
 };

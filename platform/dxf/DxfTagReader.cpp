@@ -45,15 +45,15 @@ bool DxfTagReader::next(DxfTag& tag) {
     return true;
   }
   do {
-    if (m_finished || !readTag(m_last)) {
+    if (m_finished || !readTag(tag)) {
       m_finished = true;
       m_hasLast = false;
       return false;
     }
-  } while (m_last.code() == kCommentCode);
-  if (m_last.is(0, "EOF")) m_finished = true;
+  } while (tag.code() == kCommentCode);
+  if (tag.is(0, "EOF")) m_finished = true;
   m_hasLast = true;
-  tag = m_last;
+  m_last = tag;
   return true;
 }
 

@@ -28,6 +28,8 @@ class DxfTagReader {
   // Where the last tag returned starts: "line 1234" or "byte 0x1A2B".
   virtual OdString position() const = 0;
   virtual bool isBinary() const = 0;
+  // The size of the file image in bytes.
+  virtual std::size_t size() const = 0;
 
  protected:
   DxfTagReader() = default;

@@ -40,6 +40,14 @@ class DxfTagWriter {
   // Copies a tag read from a file of either form; text is kept byte for byte.
   void writeTag(const DxfTag& tag);
 
+  // True when text holds a line break, which a value line of a text file cannot hold. One pass
+  // over the text: values are short and checked once per tag.
+  static bool hasLineBreak(std::string_view text) noexcept {
+    for (char c : text)
+      if (c == '\n' || c == '\r') return true;
+    return false;
+  }
+
   const std::string& data() const noexcept { return m_data; }
   std::string takeData() { return std::move(m_data); }
 
