@@ -1,6 +1,7 @@
 // DXF filer: the checks every filer shares.
 #include "platform/db/OdDbDxfFiler.h"
 
+#include "platform/resbuf/OdDxfCode.h"
 #include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
 
@@ -34,4 +35,96 @@ OdResBufPtr OdDbDxfFiler::rdItemsToEndOfObject() {
     tail = item.get();
   }
   return head;
+}
+
+void OdDbDxfFiler::nextRb(OdResBufPtr& item) {
+  item.release();
+  const int code = nextItem();
+  if (code < 0) return;
+  switch (OdDxfCode::_getType(code)) {
+    case OdDxfCode::Bool:
+      item = OdResBuf::newRb(code, rdBool());
+      return;
+    case OdDxfCode::Integer16:
+      item = OdResBuf::newRb(code);
+      item->setInt16(rdInt16());
+      return;
+    case OdDxfCode::Integer32:
+      item = OdResBuf::newRb(code);
+      item->setInt32(rdInt32());
+      return;
+    case OdDxfCode::Integer64:
+      item = OdResBuf::newRb(code);
+      item->setInt64(rdInt64());
+      return;
+    case OdDxfCode::Double:
+      item = OdResBuf::newRb(code, rdDouble());
+      return;
+    case OdDxfCode::Point:
+      item = OdResBuf::newRb(code, rdPoint3d());
+      return;
+    case OdDxfCode::BinaryChunk:
+      item = OdResBuf::newRb(code);
+      item->setBinaryChunk(rdBinaryChunk());
+      return;
+    case OdDxfCode::Handle:
+      item = OdResBuf::newRb(code);
+      item->setHandle(rdHandle());
+      return;
+    case OdDxfCode::ObjectId:
+    case OdDxfCode::SoftPointerId:
+    case OdDxfCode::HardPointerId:
+    case OdDxfCode::SoftOwnershipId:
+    case OdDxfCode::HardOwnershipId:
+      item = OdResBuf::newRb(code, rdObjectId());
+      return;
+    case OdDxfCode::String:
+    case OdDxfCode::Unknown:
+      break;
+  }
+  item = OdResBuf::newRb(code, rdString());
+}
+
+void OdDbDxfFiler::writeRb(const OdResBuf* item) {
+  if (!item) return;
+  const int code = item->restype();
+  switch (OdDxfCode::_getType(code)) {
+    case OdDxfCode::Bool:
+      wrBool(code, item->getBool());
+      return;
+    case OdDxfCode::Integer16:
+      wrInt16(code, item->getInt16());
+      return;
+    case OdDxfCode::Integer32:
+      wrInt32(code, item->getInt32());
+      return;
+    case OdDxfCode::Integer64:
+      wrInt64(code, item->getInt64());
+      return;
+    case OdDxfCode::Double:
+      wrDouble(code, item->getDouble());
+      return;
+    case OdDxfCode::Point:
+      wrPoint3d(code, item->getPoint3d());
+      return;
+    case OdDxfCode::BinaryChunk: {
+      const OdBinaryData& bytes = item->getBinaryChunk();
+      wrBinaryChunk(code, bytes.asArrayPtr(), static_cast<std::uint32_t>(bytes.length()));
+      return;
+    }
+    case OdDxfCode::Handle:
+      wrHandle(code, item->getHandle());
+      return;
+    case OdDxfCode::ObjectId:
+    case OdDxfCode::SoftPointerId:
+    case OdDxfCode::HardPointerId:
+    case OdDxfCode::SoftOwnershipId:
+    case OdDxfCode::HardOwnershipId:
+      wrObjectId(code, item->getObjectId());
+      return;
+    case OdDxfCode::String:
+    case OdDxfCode::Unknown:
+      break;
+  }
+  wrString(code, item->getString());
 }

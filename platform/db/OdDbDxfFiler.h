@@ -71,8 +71,8 @@ class OdDbDxfFiler : public OdRxObject {
   virtual OdDbObjectId rdObjectId() = 0;
   virtual OdDbHandle rdHandle() = 0;
   virtual OdBinaryData rdBinaryChunk() = 0;
-  // The next item as a result buffer (null at the end).
-  virtual void nextRb(OdResBufPtr& item) = 0;
+  // The next item as a result buffer (null at the end), read by its code's kind of value.
+  virtual void nextRb(OdResBufPtr& item);
   // The items up to the end of the object (atEndOfObject) as a chain; null when there are none.
   OdResBufPtr rdItemsToEndOfObject();
 
@@ -92,7 +92,8 @@ class OdDbDxfFiler : public OdRxObject {
   virtual void wrObjectId(int groupCode, const OdDbObjectId& id) = 0;
   virtual void wrHandle(int groupCode, const OdDbHandle& value) = 0;
   virtual void wrBinaryChunk(int groupCode, const std::uint8_t* data, std::uint32_t size) = 0;
-  virtual void writeRb(const OdResBuf* item) = 0;
+  // One item, written by its code's kind of value.
+  virtual void writeRb(const OdResBuf* item);
 
   void wrSubclassMarker(const OdString& className) { wrString(100, className); }
   void wrName(int groupCode, const OdString& value) { wrString(groupCode, value); }

@@ -80,7 +80,6 @@ class DxfFileFiler : public OdDbDxfFiler {
   OdDbObjectId rdObjectId() override;
   OdDbHandle rdHandle() override;
   OdBinaryData rdBinaryChunk() override;
-  void nextRb(OdResBufPtr& item) override;
 
   void wrString(int groupCode, const OdString& value) override;
   void wrBool(int groupCode, bool value) override;
@@ -96,7 +95,6 @@ class DxfFileFiler : public OdDbDxfFiler {
   void wrObjectId(int groupCode, const OdDbObjectId& id) override;
   void wrHandle(int groupCode, const OdDbHandle& value) override;
   void wrBinaryChunk(int groupCode, const std::uint8_t* data, std::uint32_t size) override;
-  void writeRb(const OdResBuf* item) override;
 
  private:
   const DxfTag& current();
