@@ -1,0 +1,160 @@
+#include "module/CJbCustomizableBlocksModuleImpl.h"
+
+#include <memory>
+
+#include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockMoveAction.h"
+#include "actions/CJbCustBlockPolarStretchAction.h"
+#include "actions/CJbCustBlockStretchAction.h"
+#include "core/CJbCustBlockElement.h"
+#include "core/CJbCustBlockGraphReactor.h"
+#include "core/CJbCustBlockProxyElement.h"
+#include "core/CJbCustBlockSettingsElement.h"
+#include "core/CJbDbCustBlockGraph.h"
+#include "parameters/CJbCustBlock2PointParameter.h"
+#include "parameters/CJbCustBlockAlignmentParameter.h"
+#include "parameters/CJbCustBlockBasePointParameter.h"
+#include "parameters/CJbCustBlockLinearParameter.h"
+#include "parameters/CJbCustBlockParameter.h"
+#include "parameters/CJbCustBlockPointParameter.h"
+#include "parameters/CJbCustBlockPolarParameter.h"
+#include "parameters/CJbCustBlockRotationParameter.h"
+#include "parameters/CJbCustBlockXYParameter.h"
+#include "parameters/grips/CJbCustBlockAlignmentGrip.h"
+#include "parameters/grips/CJbCustBlockBaseGrip.h"
+#include "parameters/grips/CJbCustBlockFlipGrip.h"
+#include "parameters/grips/CJbCustBlockGrip.h"
+#include "parameters/grips/CJbCustBlockLinearGrip.h"
+#include "parameters/grips/CJbCustBlockLookupGrip.h"
+#include "parameters/grips/CJbCustBlockPolarGrip.h"
+#include "parameters/grips/CJbCustBlockRotationGrip.h"
+#include "parameters/grips/CJbCustBlockVisibilityGrip.h"
+#include "parameters/grips/CJbCustBlockXYGrip.h"
+#include "platform/host/CJbDraggingPreview.h"
+#include "platform/rx/OdRxClass.h"
+
+namespace {
+struct ClassRegistration {
+  void (*init)();
+  void (*uninit)();
+};
+
+template <class T>
+constexpr ClassRegistration registration() {
+  return {&T::rxInit, &T::rxUninit};
+}
+
+// Parents before children: the bases, the parameter kinds, the actions, the grips, then the
+// database objects and the reactor that work on them.
+const ClassRegistration kClassOrder[] = {
+    registration<CJbCustBlockElement>(),
+    registration<CJbCustBlockProxyElement>(),
+    registration<CJbCustBlockSettingsElement>(),
+    registration<CJbCustBlockParameter>(),
+    registration<CJbCustBlock2PointParameter>(),
+    registration<CJbCustBlockAction>(),
+    registration<CJbCustBlockGrip>(),
+    registration<CJbCustBlockPointParameter>(),
+    registration<CJbCustBlockLinearParameter>(),
+    registration<CJbCustBlockRotationParameter>(),
+    registration<CJbCustBlockPolarParameter>(),
+    registration<CJbCustBlockXYParameter>(),
+    registration<CJbCustBlockBasePointParameter>(),
+    registration<CJbCustBlockAlignmentParameter>(),
+    registration<CJbCustBlockMoveAction>(),
+    registration<CJbCustBlockStretchAction>(),
+    registration<CJbCustBlockPolarStretchAction>(),
+    registration<CJbCustBlockBaseGrip>(),
+    registration<CJbCustBlockPolarGrip>(),
+    registration<CJbCustBlockXYGrip>(),
+    registration<CJbCustBlockLinearGrip>(),
+    registration<CJbCustBlockRotationGrip>(),
+    registration<CJbCustBlockFlipGrip>(),
+    registration<CJbCustBlockVisibilityGrip>(),
+    registration<CJbCustBlockLookupGrip>(),
+    registration<CJbCustBlockAlignmentGrip>(),
+    registration<CJbDbCustBlockGraph>(),
+    registration<CJbCustBlockGraphReactor>(),
+};
+}  // namespace
+
+CJbCustomizableBlocksModuleImpl::CJbCustomizableBlocksModuleImpl() = default;
+
+CJbCustomizableBlocksModuleImpl::~CJbCustomizableBlocksModuleImpl() {
+  UninitApp();
+}
+
+void CJbCustomizableBlocksModuleImpl::Step(const std::function<void()>& apply,
+                                           std::function<void()> undo) {
+  apply();
+  m_undo.push_back(std::move(undo));
+}
+
+void CJbCustomizableBlocksModuleImpl::InitApp() {
+  if (!m_undo.empty()) return;
+  try {
+    AddDraggingPreviewFactory();
+    RegisterClasses();
+    AttachUtilities();
+  } catch (...) {
+    UninitApp();
+    throw;
+  }
+}
+
+void CJbCustomizableBlocksModuleImpl::UninitApp() {
+  while (!m_undo.empty()) {
+    const std::function<void()> undo = std::move(m_undo.back());
+    m_undo.pop_back();
+    undo();
+  }
+}
+
+void CJbCustomizableBlocksModuleImpl::AddDraggingPreviewFactory() {
+  CJbDraggingPreviewFactory* factory = &m_draggingPreviewFactory;
+  Step([factory] { CJbDraggingPreview::Get()->AddFactory(factory); },
+       [factory] { CJbDraggingPreview::Get()->RemoveFactory(factory); });
+}
+
+void CJbCustomizableBlocksModuleImpl::RegisterClasses() {
+  for (const ClassRegistration& entry : kClassOrder)
+    Step(entry.init, entry.uninit);
+}
+
+void CJbCustomizableBlocksModuleImpl::AttachExtension(OdRxClass* cls, OdRxClass* protocol,
+                                                      OdRxObject* extension) {
+  auto replaced = std::make_shared<OdRxObjectPtr>();
+  Step([=] { *replaced = cls->addX(protocol, extension); },
+       [=] {
+         if (replaced->isNull())
+           cls->delX(protocol);
+         else
+           cls->addX(protocol, replaced->get());
+       });
+}
+
+void CJbCustomizableBlocksModuleImpl::AttachUtilities() {
+  CJbCustBlockKindUtilsPE* const ordered[] = {&m_proxyElementUtilsPE,
+                                              &m_pointParameterUtilsPE,
+                                              &m_linearParameterUtilsPE,
+                                              &m_rotationParameterUtilsPE,
+                                              &m_polarParameterUtilsPE,
+                                              &m_xYParameterUtilsPE,
+                                              &m_basePointParameterUtilsPE,
+                                              &m_alignmentParameterUtilsPE,
+                                              &m_moveActionUtilsPE,
+                                              &m_stretchActionUtilsPE,
+                                              &m_polarStretchActionUtilsPE,
+                                              &m_baseGripUtilsPE,
+                                              &m_polarGripUtilsPE,
+                                              &m_xYGripUtilsPE,
+                                              &m_linearGripUtilsPE,
+                                              &m_rotationGripUtilsPE,
+                                              &m_flipGripUtilsPE,
+                                              &m_visibilityGripUtilsPE,
+                                              &m_lookupGripUtilsPE,
+                                              &m_alignmentGripUtilsPE,
+                                              &m_graphUtilsPE};
+  for (CJbCustBlockKindUtilsPE* utilities : ordered)
+    AttachExtension(utilities->GetKindClass(), CJbCustBlockElementUtilsPE::desc(), utilities);
+}

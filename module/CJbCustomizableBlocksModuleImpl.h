@@ -1,0 +1,74 @@
+// What the module object owns and the order in which it lends it out. Every step of initApp
+// records how to take itself back, so uninitApp undoes exactly what was done, newest first.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "module/CJbCustBlockDraggingPreviewFactory.h"
+#include "module/utilities/CJbCustBlockAlignmentGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockBaseGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockBasePointParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockFlipGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockLinearGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockLinearParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockLookupGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockMoveActionUtilsPE.h"
+#include "module/utilities/CJbCustBlockPointParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockPolarGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockPolarParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockPolarStretchActionUtilsPE.h"
+#include "module/utilities/CJbCustBlockProxyElementUtilsPE.h"
+#include "module/utilities/CJbCustBlockRotationGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockRotationParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockStretchActionUtilsPE.h"
+#include "module/utilities/CJbCustBlockVisibilityGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockXYGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockXYParameterUtilsPE.h"
+#include "module/utilities/CJbDbCustBlockGraphUtilsPE.h"
+#include "platform/rx/OdRxObject.h"
+
+class CJbCustomizableBlocksModuleImpl {
+ public:
+  CJbCustomizableBlocksModuleImpl();
+  ~CJbCustomizableBlocksModuleImpl();
+  CJbCustomizableBlocksModuleImpl(const CJbCustomizableBlocksModuleImpl&) = delete;
+  CJbCustomizableBlocksModuleImpl& operator=(const CJbCustomizableBlocksModuleImpl&) = delete;
+
+  void InitApp();
+  void UninitApp();
+
+ private:
+  void Step(const std::function<void()>& apply, std::function<void()> undo);
+  void AddDraggingPreviewFactory();
+  void RegisterClasses();
+  void AttachUtilities();
+  // Lends `extension` to `cls` under `protocol`, giving back what it replaced on undo.
+  void AttachExtension(OdRxClass* cls, OdRxClass* protocol, OdRxObject* extension);
+
+  OdStaticRxObject<CJbCustBlockDraggingPreviewFactory> m_draggingPreviewFactory;
+  // Utilities of the proxy, the parameters, the actions, the grips and the graph, in that order.
+  OdStaticRxObject<CJbCustBlockProxyElementUtilsPE> m_proxyElementUtilsPE;
+  OdStaticRxObject<CJbCustBlockPointParameterUtilsPE> m_pointParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockLinearParameterUtilsPE> m_linearParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockRotationParameterUtilsPE> m_rotationParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockPolarParameterUtilsPE> m_polarParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockXYParameterUtilsPE> m_xYParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockBasePointParameterUtilsPE> m_basePointParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockAlignmentParameterUtilsPE> m_alignmentParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockMoveActionUtilsPE> m_moveActionUtilsPE;
+  OdStaticRxObject<CJbCustBlockStretchActionUtilsPE> m_stretchActionUtilsPE;
+  OdStaticRxObject<CJbCustBlockPolarStretchActionUtilsPE> m_polarStretchActionUtilsPE;
+  OdStaticRxObject<CJbCustBlockBaseGripUtilsPE> m_baseGripUtilsPE;
+  OdStaticRxObject<CJbCustBlockPolarGripUtilsPE> m_polarGripUtilsPE;
+  OdStaticRxObject<CJbCustBlockXYGripUtilsPE> m_xYGripUtilsPE;
+  OdStaticRxObject<CJbCustBlockLinearGripUtilsPE> m_linearGripUtilsPE;
+  OdStaticRxObject<CJbCustBlockRotationGripUtilsPE> m_rotationGripUtilsPE;
+  OdStaticRxObject<CJbCustBlockFlipGripUtilsPE> m_flipGripUtilsPE;
+  OdStaticRxObject<CJbCustBlockVisibilityGripUtilsPE> m_visibilityGripUtilsPE;
+  OdStaticRxObject<CJbCustBlockLookupGripUtilsPE> m_lookupGripUtilsPE;
+  OdStaticRxObject<CJbCustBlockAlignmentGripUtilsPE> m_alignmentGripUtilsPE;
+  OdStaticRxObject<CJbDbCustBlockGraphUtilsPE> m_graphUtilsPE;
+  std::vector<std::function<void()>> m_undo;
+};

@@ -1,0 +1,154 @@
+// The module loaded as a host loads it: what initApp lends out and in which order, what uninitApp
+// leaves behind (nothing), loading twice, and the entry points themselves.
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <set>
+
+#include "ModuleTestSupport.h"
+#include "platform/host/CJbCustBlockElementUtilsPE.h"
+#include "platform/host/CJbDraggingPreview.h"
+#include "platform/host/OdEdCommandStack.h"
+#include "platform/rx/OdRxClassDictionary.h"
+
+namespace {
+// Everything the module registers, in registration order.
+const std::vector<std::string> kModuleClasses = {
+    "JbCustBlockElement",
+    "JbCustBlockProxyElement",
+    "JbCustBlockSettingsElement",
+    "JbCustBlockParameter",
+    "JbCustBlock2PointParameter",
+    "JbCustBlockAction",
+    "JbCustBlockGrip",
+    "JbCustBlockPointParameter",
+    "JbCustBlockLinearParameter",
+    "JbCustBlockRotationParameter",
+    "JbCustBlockPolarParameter",
+    "JbCustBlockXYParameter",
+    "JbCustBlockBasePointParameter",
+    "JbCustBlockAlignmentParameter",
+    "JbCustBlockMoveAction",
+    "JbCustBlockStretchAction",
+    "JbCustBlockPolarStretchAction",
+    "JbCustBlockBaseGrip",
+    "JbCustBlockPolarGrip",
+    "JbCustBlockXYGrip",
+    "JbCustBlockLinearGrip",
+    "JbCustBlockRotationGrip",
+    "JbCustBlockFlipGrip",
+    "JbCustBlockVisibilityGrip",
+    "JbCustBlockLookupGrip",
+    "JbCustBlockAlignmentGrip",
+    "JbDbCustBlockGraph",
+    "JbCustBlockGraphReactor",
+};
+
+std::vector<std::string> registeredClassNames() {
+  std::vector<std::string> names;
+  for (const OdRxClass* cls : OdRxClassDictionary::instance().classes())
+    names.push_back(cls->name().str());
+  return names;
+}
+
+// What the platform and host hold that a module could have left behind.
+struct HostState {
+  std::vector<std::string> classes;
+  std::vector<std::string> commands;
+  std::size_t factories = 0;
+  bool operator==(const HostState& other) const {
+    return classes == other.classes && commands == other.commands && factories == other.factories;
+  }
+};
+
+HostState hostState() {
+  HostState state;
+  state.classes = registeredClassNames();
+  for (const OdEdCommandPtr& command : odedRegCmds()->commands())
+    state.commands.push_back(command->globalName().str());
+  state.factories = CJbDraggingPreview::Get()->Factories().size();
+  return state;
+}
+
+class ModuleRegistration : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    drawingWithEveryElementKind();  // made before the module owns the class names
+    before = hostState();
+  }
+  void TearDown() override { unloadModule(); }
+  HostState before;
+};
+}  // namespace
+
+TEST_F(ModuleRegistration, InitAppRegistersParentsFirstInTheFixedOrder) {
+  ASSERT_FALSE(loadModule().isNull());
+  std::vector<std::string> added = registeredClassNames();
+  ASSERT_GE(added.size(), before.classes.size());
+  added.erase(added.begin(), added.begin() + static_cast<long>(before.classes.size()));
+  EXPECT_EQ(added, kModuleClasses);
+
+  const auto& order = OdRxClassDictionary::instance().classes();
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    const OdRxClass* parent = order[i]->myParent();
+    if (!parent) continue;
+    EXPECT_LT(std::find(order.begin(), order.end(), parent) - order.begin(), static_cast<long>(i))
+        << order[i]->name().str() << " registered before its parent";
+  }
+  EXPECT_EQ(CJbDraggingPreview::Get()->Factories().size(), before.factories + 1);
+}
+
+TEST_F(ModuleRegistration, EveryElementKindCarriesItsUtilities) {
+  loadModule();
+  auto& dictionary = OdRxClassDictionary::instance();
+  std::set<std::string> keywords;
+  for (const std::string& kind : elementKindsOfDrawing()) {
+    OdRxClass* cls = dictionary.getAt(OdString(kind));
+    ASSERT_NE(cls, nullptr) << kind;
+    const CJbCustBlockElementUtilsPEPtr utils =
+        CJbCustBlockElementUtilsPEPtr(cls->getX(CJbCustBlockElementUtilsPE::desc()).get());
+    ASSERT_FALSE(utils.isNull()) << kind;
+    EXPECT_FALSE(utils->GetDisplayName().isEmpty()) << kind;
+    // The editor makes elements of the very class the extension is attached to.
+    const OdRxObjectPtr made = utils->CreateElement();
+    ASSERT_FALSE(made.isNull()) << kind;
+    EXPECT_EQ(made->isA(), cls);
+    const auto family = utils->GetFamily();
+    if (family == CJbCustBlockElementUtilsPE::Family::kParameter) {
+      EXPECT_TRUE(keywords.insert(utils->GetKeyword().str()).second) << kind;
+      EXPECT_TRUE(dictionary.has(utils->GetGripKind())) << kind;
+    }
+    for (const OdString& partner : utils->GetPartnerKinds())
+      EXPECT_TRUE(dictionary.has(partner)) << kind << " names " << partner.str();
+  }
+}
+
+TEST_F(ModuleRegistration, UninitAppLeavesNothingBehindEvenWhenLoadedTwice) {
+  for (int round = 0; round < 2; ++round) {
+    loadModule();
+    EXPECT_FALSE(hostState() == before) << "round " << round;
+    unloadModule();
+    const HostState after = hostState();
+    EXPECT_EQ(after.classes, before.classes) << "round " << round;
+    EXPECT_EQ(after.commands, before.commands) << "round " << round;
+    EXPECT_EQ(after.factories, before.factories) << "round " << round;
+  }
+  // Protocols the platform keeps have no extension of the module left on its classes.
+  for (const OdRxClass* cls : OdRxClassDictionary::instance().classes())
+    EXPECT_TRUE(cls->getX(CJbCustBlockElementUtilsPE::desc()).isNull()) << cls->name().str();
+}
+
+TEST(ModuleEntryPoints, ReportTheInterfaceVersionAndExportNothingElse) {
+  void* library = dlopen(modulePath().c_str(), RTLD_NOW | RTLD_LOCAL);
+  ASSERT_NE(library, nullptr) << dlerror();
+  auto version = reinterpret_cast<OdGetApiVersionFn>(dlsym(library, "odrxGetAPIVersion"));
+  ASSERT_NE(version, nullptr);
+  int major = 0, minor = 0, maintenance = 0, build = 0;
+  version(major, minor, maintenance, build);
+  EXPECT_EQ(std::vector<int>({major, minor, maintenance, build}),
+            std::vector<int>({4, 3, 2, 74345}));
+  EXPECT_NE(dlsym(library, "odrxCreateModuleObject"), nullptr);
+  // The layers inside stay inside: a host linking the same code keeps its own classes.
+  EXPECT_EQ(dlsym(library, "_ZN19CJbCustBlockElement4descEv"), nullptr);
+  dlclose(library);
+}
