@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "module/properties/CJbCustBlockPropertyTable.h"
+
 #include "actions/CJbCustBlockAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
@@ -78,7 +80,12 @@ const ClassRegistration kClassOrder[] = {
 };
 }  // namespace
 
-CJbCustomizableBlocksModuleImpl::CJbCustomizableBlocksModuleImpl() = default;
+CJbCustomizableBlocksModuleImpl::CJbCustomizableBlocksModuleImpl() {
+  for (CJbCustBlockPropertyTable::Entry& entry : CJbCustBlockPropertyTable::Entries()) {
+    m_properties.push_back(std::make_unique<OdStaticRxObject<CJbPropertyPEImpl>>(
+        entry.kind, std::move(entry.properties)));
+  }
+}
 
 CJbCustomizableBlocksModuleImpl::~CJbCustomizableBlocksModuleImpl() {
   UninitApp();
@@ -96,6 +103,7 @@ void CJbCustomizableBlocksModuleImpl::InitApp() {
     AddDraggingPreviewFactory();
     RegisterClasses();
     AttachUtilities();
+    AttachProperties();
   } catch (...) {
     UninitApp();
     throw;
@@ -157,4 +165,9 @@ void CJbCustomizableBlocksModuleImpl::AttachUtilities() {
                                               &m_graphUtilsPE};
   for (CJbCustBlockKindUtilsPE* utilities : ordered)
     AttachExtension(utilities->GetKindClass(), CJbCustBlockElementUtilsPE::desc(), utilities);
+}
+
+void CJbCustomizableBlocksModuleImpl::AttachProperties() {
+  for (const auto& properties : m_properties)
+    AttachExtension(properties->GetKindClass(), CJbPropertyBase::desc(), properties.get());
 }

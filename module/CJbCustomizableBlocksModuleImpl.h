@@ -3,9 +3,11 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 #include "module/CJbCustBlockDraggingPreviewFactory.h"
+#include "module/properties/CJbPropertyPEImpl.h"
 #include "module/utilities/CJbCustBlockAlignmentGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
 #include "module/utilities/CJbCustBlockBaseGripUtilsPE.h"
@@ -44,6 +46,7 @@ class CJbCustomizableBlocksModuleImpl {
   void AddDraggingPreviewFactory();
   void RegisterClasses();
   void AttachUtilities();
+  void AttachProperties();
   // Lends `extension` to `cls` under `protocol`, giving back what it replaced on undo.
   void AttachExtension(OdRxClass* cls, OdRxClass* protocol, OdRxObject* extension);
 
@@ -70,5 +73,7 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbCustBlockLookupGripUtilsPE> m_lookupGripUtilsPE;
   OdStaticRxObject<CJbCustBlockAlignmentGripUtilsPE> m_alignmentGripUtilsPE;
   OdStaticRxObject<CJbDbCustBlockGraphUtilsPE> m_graphUtilsPE;
+  // One properties-palette extension per property-bearing class, in registration order.
+  std::vector<std::unique_ptr<OdStaticRxObject<CJbPropertyPEImpl>>> m_properties;
   std::vector<std::function<void()>> m_undo;
 };

@@ -8,6 +8,7 @@
 #include "ModuleTestSupport.h"
 #include "platform/host/CJbCustBlockElementUtilsPE.h"
 #include "platform/host/CJbDraggingPreview.h"
+#include "platform/host/CJbPropertyBase.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClassDictionary.h"
 
@@ -96,6 +97,15 @@ TEST_F(ModuleRegistration, InitAppRegistersParentsFirstInTheFixedOrder) {
         << order[i]->name().str() << " registered before its parent";
   }
   EXPECT_EQ(CJbDraggingPreview::Get()->Factories().size(), before.factories + 1);
+
+  // Property lists of their own: every concrete element kind and six bases.
+  int ownProperties = 0;
+  for (const OdRxClass* cls : order) {
+    const OdRxObjectPtr own = cls->getX(CJbPropertyBase::desc());
+    const OdRxClass* parent = cls->myParent();
+    if (!own.isNull() && (!parent || parent->getX(CJbPropertyBase::desc()) != own)) ++ownProperties;
+  }
+  EXPECT_EQ(ownProperties, static_cast<int>(elementKindsOfDrawing().size()) + 6);
 }
 
 TEST_F(ModuleRegistration, EveryElementKindCarriesItsUtilities) {
@@ -134,8 +144,10 @@ TEST_F(ModuleRegistration, UninitAppLeavesNothingBehindEvenWhenLoadedTwice) {
     EXPECT_EQ(after.factories, before.factories) << "round " << round;
   }
   // Protocols the platform keeps have no extension of the module left on its classes.
-  for (const OdRxClass* cls : OdRxClassDictionary::instance().classes())
+  for (const OdRxClass* cls : OdRxClassDictionary::instance().classes()) {
     EXPECT_TRUE(cls->getX(CJbCustBlockElementUtilsPE::desc()).isNull()) << cls->name().str();
+    EXPECT_TRUE(cls->getX(CJbPropertyBase::desc()).isNull()) << cls->name().str();
+  }
 }
 
 TEST(ModuleEntryPoints, ReportTheInterfaceVersionAndExportNothingElse) {
