@@ -16,7 +16,8 @@ bool CJbCustBlockDraggingPreviewFactory::GetPreviewEntities(const OdDbEntity* dr
   if (block.isNull()) return false;
   for (OdDbObjectIteratorPtr it = block->newIterator(); !it->done(); it->step()) {
     const OdDbEntityPtr entity = it->entity();
-    if (!entity.isNull() && entity->visibility() == OdDb::kVisible) entities.append(it->objectId());
+    if (!entity.isNull() && (m_showHidden || entity->visibility() == OdDb::kVisible))
+      entities.append(it->objectId());
   }
   return true;
 }

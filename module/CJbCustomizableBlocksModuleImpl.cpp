@@ -33,6 +33,7 @@
 #include "parameters/grips/CJbCustBlockVisibilityGrip.h"
 #include "parameters/grips/CJbCustBlockXYGrip.h"
 #include "platform/host/CJbDraggingPreview.h"
+#include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClass.h"
 
 namespace {
@@ -104,6 +105,7 @@ void CJbCustomizableBlocksModuleImpl::InitApp() {
     RegisterClasses();
     AttachUtilities();
     AttachProperties();
+    RegisterCommands();
   } catch (...) {
     UninitApp();
     throw;
@@ -170,4 +172,18 @@ void CJbCustomizableBlocksModuleImpl::AttachUtilities() {
 void CJbCustomizableBlocksModuleImpl::AttachProperties() {
   for (const auto& properties : m_properties)
     AttachExtension(properties->GetKindClass(), CJbPropertyBase::desc(), properties.get());
+}
+
+void CJbCustomizableBlocksModuleImpl::RegisterCommands() {
+  CJbCustBlockEditorCommand* const ordered[] = {
+      &m_commandBParameter,          &m_commandBParameterSet,
+      &m_commandBActionTool,         &m_commandBAction,
+      &m_commandBActionBar,          &m_commandBActionBarDelete,
+      &m_commandBActionBarNewSelSet, &m_commandBActionBarModifySelSet,
+      &m_commandBActionBarRename,    &m_commandBVMode,
+      &m_qtCommandBCycleOrder};
+  for (CJbCustBlockEditorCommand* command : ordered) {
+    Step([command] { odedRegCmds()->addCommand(command); },
+         [command] { odedRegCmds()->removeCmd(command->groupName(), command->globalName()); });
+  }
 }

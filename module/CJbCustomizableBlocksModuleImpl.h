@@ -7,6 +7,17 @@
 #include <vector>
 
 #include "module/CJbCustBlockDraggingPreviewFactory.h"
+#include "module/commands/CJbCommandBAction.h"
+#include "module/commands/CJbCommandBActionBar.h"
+#include "module/commands/CJbCommandBActionBarDelete.h"
+#include "module/commands/CJbCommandBActionBarModifySelSet.h"
+#include "module/commands/CJbCommandBActionBarNewSelSet.h"
+#include "module/commands/CJbCommandBActionBarRename.h"
+#include "module/commands/CJbCommandBActionTool.h"
+#include "module/commands/CJbCommandBParameter.h"
+#include "module/commands/CJbCommandBParameterSet.h"
+#include "module/commands/CJbCommandBVMode.h"
+#include "module/commands/CJbQtCommandBCycleOrder.h"
 #include "module/properties/CJbPropertyPEImpl.h"
 #include "module/utilities/CJbCustBlockAlignmentGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
@@ -47,6 +58,7 @@ class CJbCustomizableBlocksModuleImpl {
   void RegisterClasses();
   void AttachUtilities();
   void AttachProperties();
+  void RegisterCommands();
   // Lends `extension` to `cls` under `protocol`, giving back what it replaced on undo.
   void AttachExtension(OdRxClass* cls, OdRxClass* protocol, OdRxObject* extension);
 
@@ -75,5 +87,17 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbDbCustBlockGraphUtilsPE> m_graphUtilsPE;
   // One properties-palette extension per property-bearing class, in registration order.
   std::vector<std::unique_ptr<OdStaticRxObject<CJbPropertyPEImpl>>> m_properties;
+  // Block-editor commands, in registration order.
+  OdStaticRxObject<CJbCommandBParameter> m_commandBParameter;
+  OdStaticRxObject<CJbCommandBParameterSet> m_commandBParameterSet;
+  OdStaticRxObject<CJbCommandBActionTool> m_commandBActionTool;
+  OdStaticRxObject<CJbCommandBAction> m_commandBAction;
+  OdStaticRxObject<CJbCommandBActionBar> m_commandBActionBar;
+  OdStaticRxObject<CJbCommandBActionBarDelete> m_commandBActionBarDelete;
+  OdStaticRxObject<CJbCommandBActionBarNewSelSet> m_commandBActionBarNewSelSet;
+  OdStaticRxObject<CJbCommandBActionBarModifySelSet> m_commandBActionBarModifySelSet;
+  OdStaticRxObject<CJbCommandBActionBarRename> m_commandBActionBarRename;
+  OdStaticRxObject<CJbCommandBVMode> m_commandBVMode{m_draggingPreviewFactory};
+  OdStaticRxObject<CJbQtCommandBCycleOrder> m_qtCommandBCycleOrder;
   std::vector<std::function<void()>> m_undo;
 };

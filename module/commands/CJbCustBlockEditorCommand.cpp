@@ -1,0 +1,103 @@
+#include "module/commands/CJbCustBlockEditorCommand.h"
+
+#include <sstream>
+
+#include "module/CJbCustBlockGraphLookup.h"
+#include "platform/db/OdDbDatabase.h"
+#include "platform/host/CJbTranslator.h"
+#include "platform/host/OdEdUserIO.h"
+#include "platform/rx/OdRxClassDictionary.h"
+
+void CJbCustBlockEditorCommand::execute(OdEdCommandContext* context) {
+  OdDbDatabase* database = context ? context->database() : nullptr;
+  if (!database) throw OdError(eNoDatabase, globalName().str() + " needs an open drawing");
+  OdEdUserIO* io = context->userIO();
+  if (!io) throw OdError(eNotApplicable, globalName().str() + " needs a user to answer it");
+  m_database = database;
+  m_io = io;
+  struct Forget {
+    CJbCustBlockEditorCommand* command;
+    ~Forget() {
+      command->m_database = nullptr;
+      command->m_io = nullptr;
+    }
+  } forget{this};
+  Run();
+}
+
+OdString CJbCustBlockEditorCommand::Ask(const char* prompt) const {
+  return m_io->getString(odTranslate("customizable_blocks", prompt));
+}
+
+OdString CJbCustBlockEditorCommand::AskRequired(const char* prompt) const {
+  const OdString answer = Ask(prompt);
+  if (answer.isEmpty())
+    throw OdError(eInvalidInput,
+                  globalName().str() + ": an answer to \"" + prompt + "\" is needed");
+  return answer;
+}
+
+void CJbCustBlockEditorCommand::Tell(const OdString& text) const {
+  m_io->putString(text);
+}
+
+CJbDbCustBlockGraphPtr CJbCustBlockEditorCommand::AskGraph(OdDb::OpenMode mode) const {
+  const OdString name = AskRequired("Block name:");
+  const OdDbObjectId block = CJbCustBlockGraphLookup::FindBlock(m_database, name);
+  if (block.isNull())
+    throw OdError(eKeyNotFound, "the drawing has no block \"" + name.str() + "\"");
+  const OdDbObjectId graph = CJbCustBlockGraphLookup::FindGraph(block);
+  if (graph.isNull())
+    throw OdError(eKeyNotFound, "block \"" + name.str() + "\" is not customizable");
+  return CJbDbCustBlockGraph::cast(graph.safeOpenObject(mode).get());
+}
+
+CJbCustBlockElementPtr CJbCustBlockEditorCommand::AskElement(const CJbDbCustBlockGraph* graph,
+                                                             const char* prompt,
+                                                             const OdRxClass* kind) const {
+  const OdString name = AskRequired(prompt);
+  for (int id : graph->GetAllNodeIds()) {
+    CJbCustBlockElementPtr element = graph->GetNode(id);
+    if (element->GetName().iEquals(name) && (!kind || element->isKindOf(kind))) return element;
+  }
+  throw OdError(eKeyNotFound, "the block has no " + (kind ? kind->name().str() + " " : "") +
+                                  "element \"" + name.str() + "\"");
+}
+
+OdRxClass* CJbCustBlockEditorCommand::AskKind(const char* prompt,
+                                              CJbCustBlockElementUtilsPE::Family family) const {
+  const OdString keyword = AskRequired(prompt);
+  std::ostringstream known;
+  for (OdRxClass* cls : OdRxClassDictionary::instance().classes()) {
+    const CJbCustBlockElementUtilsPEPtr utilities =
+        CJbCustBlockElementUtilsPE::cast(cls->getX(CJbCustBlockElementUtilsPE::desc()).get());
+    // Only a class's own extension names it; inherited ones speak for the parent.
+    if (utilities.isNull() || utilities->GetFamily() != family ||
+        (cls->myParent() &&
+         cls->myParent()->getX(CJbCustBlockElementUtilsPE::desc()).get() == utilities.get()))
+      continue;
+    if (utilities->GetKeyword().iEquals(keyword)) return cls;
+    known << ' ' << utilities->GetKeyword().str();
+  }
+  throw OdError(eKeyNotFound, "\"" + keyword.str() + "\" names no kind here; known:" + known.str());
+}
+
+OdDbObjectIdArray CJbCustBlockEditorCommand::AskEntities(const char* prompt) const {
+  std::istringstream handles(Ask(prompt).str());
+  OdDbObjectIdArray ids;
+  for (std::string text; handles >> text;) {
+    OdDbHandle handle;
+    const OdDbObjectId id =
+        OdDbHandle::fromAscii(text, handle) ? m_database->getOdDbObjectId(handle) : OdDbObjectId();
+    if (id.isNull() || id.isErased())
+      throw OdError(eKeyNotFound, "the drawing has no entity with handle " + text);
+    ids.append(id);
+  }
+  return ids;
+}
+
+OdString CJbCustBlockEditorCommand::LabelOf(const CJbCustBlockElement* element) {
+  const CJbCustBlockElementUtilsPEPtr utilities = CJbCustBlockElementUtilsPE::cast(
+      element->isA()->getX(CJbCustBlockElementUtilsPE::desc()).get());
+  return utilities.isNull() ? element->GetName() : utilities->GetLabel(element);
+}
