@@ -6,6 +6,7 @@
 #include <set>
 
 #include "ModuleTestSupport.h"
+#include "platform/db/DbTestSupport.h"
 #include "platform/host/CJbCustBlockElementUtilsPE.h"
 #include "platform/host/CJbDraggingPreview.h"
 #include "platform/host/CJbPropertyBase.h"
@@ -45,6 +46,13 @@ const std::vector<std::string> kModuleClasses = {
     "JbCustBlockGraphReactor",
 };
 
+// The block-editor commands, in registration order.
+const std::vector<std::string> kModuleCommands = {
+    "CBELEMENT",        "CBELEMENTSET",     "CBACTIVITYTOOL",         "CBACTIVITY",
+    "CBACTIVITYICON",   "CBREMOVEACTIVITY", "CBNEWACTIVITYSELECTION", "CBMODIFYACTIVITYSELECTION",
+    "CBRENAMEACTIVITY", "BVMODE",           "CBCYCLEORDER",
+};
+
 std::vector<std::string> registeredClassNames() {
   std::vector<std::string> names;
   for (const OdRxClass* cls : OdRxClassDictionary::instance().classes())
@@ -62,11 +70,17 @@ struct HostState {
   }
 };
 
+std::vector<std::string> commandNames(const char* group = "") {
+  std::vector<std::string> names;
+  for (const OdEdCommandPtr& command : odedRegCmds()->commands(group))
+    names.push_back(command->globalName().str());
+  return names;
+}
+
 HostState hostState() {
   HostState state;
   state.classes = registeredClassNames();
-  for (const OdEdCommandPtr& command : odedRegCmds()->commands())
-    state.commands.push_back(command->globalName().str());
+  state.commands = commandNames();
   state.factories = CJbDraggingPreview::Get()->Factories().size();
   return state;
 }
@@ -97,6 +111,7 @@ TEST_F(ModuleRegistration, InitAppRegistersParentsFirstInTheFixedOrder) {
         << order[i]->name().str() << " registered before its parent";
   }
   EXPECT_EQ(CJbDraggingPreview::Get()->Factories().size(), before.factories + 1);
+  EXPECT_EQ(commandNames("JB_CUSTOMIZABLE_BLOCKS"), kModuleCommands);
 
   // Property lists of their own: every concrete element kind and six bases.
   int ownProperties = 0;
@@ -148,6 +163,25 @@ TEST_F(ModuleRegistration, UninitAppLeavesNothingBehindEvenWhenLoadedTwice) {
     EXPECT_TRUE(cls->getX(CJbCustBlockElementUtilsPE::desc()).isNull()) << cls->name().str();
     EXPECT_TRUE(cls->getX(CJbPropertyBase::desc()).isNull()) << cls->name().str();
   }
+}
+
+// A command of another module that takes one of the module's names.
+class SquattingCommand : public OdEdCommand {
+ public:
+  OdString groupName() const override { return "SQUATTER"; }
+  OdString globalName() const override { return kModuleCommands.back().c_str(); }
+  void execute(OdEdCommandContext*) override {}
+};
+
+TEST_F(ModuleRegistration, AFailedInitAppTakesBackWhatItHadDone) {
+  OdStaticRxObject<SquattingCommand> squatter;
+  odedRegCmds()->addCommand(&squatter);
+  const HostState withSquatter = hostState();
+  EXPECT_OD_ERROR(loadModule(), eDuplicateKey);
+  EXPECT_TRUE(hostState() == withSquatter);
+  odedRegCmds()->removeGroup("SQUATTER");
+  // Nothing half-registered stands in the way of a later load.
+  EXPECT_FALSE(loadModule().isNull());
 }
 
 TEST(ModuleEntryPoints, ReportTheInterfaceVersionAndExportNothingElse) {
