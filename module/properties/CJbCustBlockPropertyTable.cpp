@@ -45,6 +45,42 @@ Properties with(Properties base, std::initializer_list<CJbCustBlockProperty> mor
   return base;
 }
 
+// A yes/no property read and written through a pair of accessors; read-only without a setter.
+template <class T>
+CJbCustBlockProperty flag(const char* name, bool (T::*get)() const,
+                          void (T::*set)(bool) = nullptr) {
+  std::function<bool(T&, const OdResBuf&)> setter;
+  if (set) {
+    setter = [set](T& object, const OdResBuf& value) {
+      (object.*set)(value.getBool());
+      return true;
+    };
+  }
+  return CJbCustBlockProperty::Of<T>(
+      name, OdResBuf::kDxfBool, [get](const T& object) { return boolean((object.*get)()); },
+      setter);
+}
+
+// A point property read and written through a pair of accessors.
+template <class T>
+CJbCustBlockProperty position(const char* name, OdGePoint3d (T::*get)() const,
+                              void (T::*set)(const OdGePoint3d&)) {
+  return CJbCustBlockProperty::Of<T>(
+      name, OdResBuf::kRtPoint3d, [get](const T& object) { return point((object.*get)()); },
+      [set](T& object, const OdResBuf& value) {
+        (object.*set)(value.getPoint3d());
+        return true;
+      });
+}
+
+// A read-only count or id.
+template <class T, class Number>
+CJbCustBlockProperty number(const char* name, Number (T::*get)() const) {
+  return CJbCustBlockProperty::Of<T>(name, OdResBuf::kRtInt32, [get](const T& object) {
+    return integer(static_cast<int>((object.*get)()));
+  });
+}
+
 Properties elementProperties() {
   return {
       CJbCustBlockProperty::Of<Element>(
@@ -56,14 +92,8 @@ Properties elementProperties() {
             e.SetName(v.getString());
             return true;
           }),
-      CJbCustBlockProperty::Of<Element>(
-          "Visible", OdResBuf::kDxfBool, [](const Element& e) { return boolean(e.IsVisible()); },
-          [](Element& e, const OdResBuf& v) {
-            e.SetVisible(v.getBool());
-            return true;
-          }),
-      CJbCustBlockProperty::Of<Element>("Id", OdResBuf::kRtInt32,
-                                        [](const Element& e) { return integer(e.GetElementId()); }),
+      flag<Element>("Visible", &Element::IsVisible, &Element::SetVisible),
+      number<Element>("Id", &Element::GetElementId),
   };
 }
 
@@ -76,27 +106,13 @@ Properties proxyProperties() {
 }
 
 Properties parameterProperties() {
-  return with(
-      elementProperties(),
-      {
-          CJbCustBlockProperty::Of<Parameter>(
-              "Chain Actions", OdResBuf::kDxfBool,
-              [](const Parameter& p) { return boolean(p.IsChain()); },
-              [](Parameter& p, const OdResBuf& v) {
-                p.SetChain(v.getBool());
-                return true;
-              }),
-          CJbCustBlockProperty::Of<Parameter>(
-              "Show Properties", OdResBuf::kDxfBool,
-              [](const Parameter& p) { return boolean(p.IsPropertyVisible()); },
-              [](Parameter& p, const OdResBuf& v) {
-                p.SetPropertyVisible(v.getBool());
-                return true;
-              }),
-          CJbCustBlockProperty::Of<Parameter>(
-              "Points", OdResBuf::kRtInt32,
-              [](const Parameter& p) { return integer(static_cast<int>(p.GetPointCount())); }),
-      });
+  return with(elementProperties(),
+              {
+                  flag<Parameter>("Chain Actions", &Parameter::IsChain, &Parameter::SetChain),
+                  flag<Parameter>("Show Properties", &Parameter::IsPropertyVisible,
+                                  &Parameter::SetPropertyVisible),
+                  number<Parameter>("Points", &Parameter::GetPointCount),
+              });
 }
 
 // Value `index` of a parameter, changed through the parameter's own snapping and checks.
@@ -111,12 +127,12 @@ CJbCustBlockProperty valueProperty(const char* name, int valueType, unsigned ind
 }
 
 Properties twoPointProperties() {
-  auto position = [](const char* name, unsigned index) {
+  auto end = [](const char* name, unsigned index) {
     return CJbCustBlockProperty::Of<Parameter>(
         name, OdResBuf::kRtPoint3d,
         [index](const Parameter& p) { return point(p.GetCurrentPosition(index)); });
   };
-  return with(parameterProperties(), {position("Start Point", 0), position("End Point", 1)});
+  return with(parameterProperties(), {end("Start Point", 0), end("End Point", 1)});
 }
 
 Properties actionProperties() {
@@ -124,9 +140,7 @@ Properties actionProperties() {
   return with(
       elementProperties(),
       {
-          CJbCustBlockProperty::Of<Action>(
-              "Parameter", OdResBuf::kRtInt32,
-              [](const Action& a) { return integer(a.GetParameter()); }),
+          number<Action>("Parameter", &Action::GetParameter),
           CJbCustBlockProperty::Of<Action>(
               "Parameter Point", OdResBuf::kRtInt32,
               [](const Action& a) { return integer(static_cast<int>(a.GetParameterPointIndex())); },
@@ -135,11 +149,7 @@ Properties actionProperties() {
                 a.SetParameterPointIndex(static_cast<unsigned>(v.getInt32()));
                 return true;
               }),
-          CJbCustBlockProperty::Of<Action>("Selection Sets", OdResBuf::kRtInt32,
-                                           [](const Action& a) {
-                                             return integer(static_cast<int>(
-                                                 a.GetRequiredSelectionSetCount()));
-                                           }),
+          number<Action>("Selection Sets", &Action::GetRequiredSelectionSetCount),
       });
 }
 
@@ -147,27 +157,11 @@ Properties gripProperties() {
   using Grip = CJbCustBlockGrip;
   return with(elementProperties(),
               {
-                  CJbCustBlockProperty::Of<Grip>(
-                      "Position", OdResBuf::kRtPoint3d,
-                      [](const Grip& g) { return point(g.GetDisplayPosition()); },
-                      [](Grip& g, const OdResBuf& v) {
-                        g.SetDisplayPosition(v.getPoint3d());
-                        return true;
-                      }),
-                  CJbCustBlockProperty::Of<Grip>(
-                      "Defined Position", OdResBuf::kRtPoint3d,
-                      [](const Grip& g) { return point(g.GetDefindedPosition()); },
-                      [](Grip& g, const OdResBuf& v) {
-                        g.SetDefindedPosition(v.getPoint3d());
-                        return true;
-                      }),
-                  CJbCustBlockProperty::Of<Grip>(
-                      "Insertion Cycling", OdResBuf::kDxfBool,
-                      [](const Grip& g) { return boolean(g.IsInsertionPointCyclingEnabled()); },
-                      [](Grip& g, const OdResBuf& v) {
-                        g.SetInsertionPointCyclingEnabled(v.getBool());
-                        return true;
-                      }),
+                  position<Grip>("Position", &Grip::GetDisplayPosition, &Grip::SetDisplayPosition),
+                  position<Grip>("Defined Position", &Grip::GetDefindedPosition,
+                                 &Grip::SetDefindedPosition),
+                  flag<Grip>("Insertion Cycling", &Grip::IsInsertionPointCyclingEnabled,
+                             &Grip::SetInsertionPointCyclingEnabled),
               });
 }
 
@@ -216,13 +210,12 @@ std::vector<CJbCustBlockPropertyTable::Entry> CJbCustBlockPropertyTable::Entries
                {valueProperty("X Distance", real, 0), valueProperty("Y Distance", real, 1)})),
       entry<CJbCustBlockBasePointParameter>(
           with(parameterProperties(),
-               {CJbCustBlockProperty::Of<CJbCustBlockBasePointParameter>(
-                   "Relocation", OdResBuf::kDxfBool,
-                   [](const auto& p) { return boolean(p.IsRelocationEnabled()); })})),
-      entry<CJbCustBlockAlignmentParameter>(with(
-          parameterProperties(), {CJbCustBlockProperty::Of<CJbCustBlockAlignmentParameter>(
-                                     "Perpendicular", OdResBuf::kDxfBool,
-                                     [](const auto& p) { return boolean(p.IsPerpendicular()); })})),
+               {flag<CJbCustBlockBasePointParameter>(
+                   "Relocation", &CJbCustBlockBasePointParameter::IsRelocationEnabled)})),
+      entry<CJbCustBlockAlignmentParameter>(
+          with(parameterProperties(),
+               {flag<CJbCustBlockAlignmentParameter>(
+                   "Perpendicular", &CJbCustBlockAlignmentParameter::IsPerpendicular)})),
       entry<CJbCustBlockMoveAction>(actionProperties()),
       entry<CJbCustBlockStretchAction>(actionProperties()),
       entry<CJbCustBlockPolarStretchAction>(actionProperties()),
@@ -231,13 +224,8 @@ std::vector<CJbCustBlockPropertyTable::Entry> CJbCustBlockPropertyTable::Entries
       entry<CJbCustBlockXYGrip>(gripProperties()),
       entry<CJbCustBlockLinearGrip>(gripProperties()),
       entry<CJbCustBlockRotationGrip>(gripProperties()),
-      entry<Flip>(with(gripProperties(), {CJbCustBlockProperty::Of<Flip>(
-                                             "Flipped", OdResBuf::kDxfBool,
-                                             [](const Flip& g) { return boolean(g.IsFlipped()); },
-                                             [](Flip& g, const OdResBuf& v) {
-                                               g.SetFlipped(v.getBool());
-                                               return true;
-                                             })})),
+      entry<Flip>(
+          with(gripProperties(), {flag<Flip>("Flipped", &Flip::IsFlipped, &Flip::SetFlipped)})),
       entry<CJbCustBlockVisibilityGrip>(stateGripProperties<CJbCustBlockVisibilityGrip>()),
       entry<CJbCustBlockLookupGrip>(stateGripProperties<CJbCustBlockLookupGrip>()),
       entry<CJbCustBlockAlignmentGrip>(stateGripProperties<CJbCustBlockAlignmentGrip>()),

@@ -3,7 +3,7 @@
 #include "core/CJbCustBlockProxyElement.h"
 
 CJbCustBlockProxyElementUtilsPE::CJbCustBlockProxyElementUtilsPE()
-    : CJbCustBlockKindUtilsPE(&CJbCustBlockProxyElement::desc, "Proxy Element", "PROXY") {}
+    : CJbCustBlockOtherKindUtilsPE(&CJbCustBlockProxyElement::desc, "Proxy Element", "PROXY") {}
 
 OdString CJbCustBlockProxyElementUtilsPE::GetLabel(const OdRxObject* object) const {
   const CJbCustBlockProxyElementPtr proxy = CJbCustBlockProxyElement::cast(object);

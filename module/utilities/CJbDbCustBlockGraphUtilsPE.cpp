@@ -4,7 +4,7 @@
 #include "platform/db/OdDbBlockTableRecord.h"
 
 CJbDbCustBlockGraphUtilsPE::CJbDbCustBlockGraphUtilsPE()
-    : CJbCustBlockKindUtilsPE(&CJbDbCustBlockGraph::desc, "Customizable Block", "GRAPH") {}
+    : CJbCustBlockOtherKindUtilsPE(&CJbDbCustBlockGraph::desc, "Customizable Block", "GRAPH") {}
 
 OdString CJbDbCustBlockGraphUtilsPE::GetLabel(const OdRxObject* object) const {
   const CJbDbCustBlockGraphPtr graph = CJbDbCustBlockGraph::cast(object);

@@ -14,37 +14,18 @@
 #include "platform/rx/OdRxClassDictionary.h"
 
 namespace {
-// Everything the module registers, in registration order.
-const std::vector<std::string> kModuleClasses = {
-    "JbCustBlockElement",
-    "JbCustBlockProxyElement",
-    "JbCustBlockSettingsElement",
-    "JbCustBlockParameter",
-    "JbCustBlock2PointParameter",
-    "JbCustBlockAction",
-    "JbCustBlockGrip",
-    "JbCustBlockPointParameter",
-    "JbCustBlockLinearParameter",
-    "JbCustBlockRotationParameter",
-    "JbCustBlockPolarParameter",
-    "JbCustBlockXYParameter",
-    "JbCustBlockBasePointParameter",
-    "JbCustBlockAlignmentParameter",
-    "JbCustBlockMoveAction",
-    "JbCustBlockStretchAction",
-    "JbCustBlockPolarStretchAction",
-    "JbCustBlockBaseGrip",
-    "JbCustBlockPolarGrip",
-    "JbCustBlockXYGrip",
-    "JbCustBlockLinearGrip",
-    "JbCustBlockRotationGrip",
-    "JbCustBlockFlipGrip",
-    "JbCustBlockVisibilityGrip",
-    "JbCustBlockLookupGrip",
-    "JbCustBlockAlignmentGrip",
-    "JbDbCustBlockGraph",
-    "JbCustBlockGraphReactor",
-};
+// Everything the module registers, in registration order: the bases, the element kinds in the
+// order the drawing holds them, then the graph and its reactor.
+std::vector<std::string> moduleClasses() {
+  std::vector<std::string> classes = {
+      "JbCustBlockElement",   "JbCustBlockProxyElement",    "JbCustBlockSettingsElement",
+      "JbCustBlockParameter", "JbCustBlock2PointParameter", "JbCustBlockAction",
+      "JbCustBlockGrip",
+  };
+  classes.insert(classes.end(), elementKindsOfDrawing().begin(), elementKindsOfDrawing().end());
+  classes.insert(classes.end(), {"JbDbCustBlockGraph", "JbCustBlockGraphReactor"});
+  return classes;
+}
 
 // The block-editor commands, in registration order.
 const std::vector<std::string> kModuleCommands = {
@@ -101,7 +82,7 @@ TEST_F(ModuleRegistration, InitAppRegistersParentsFirstInTheFixedOrder) {
   std::vector<std::string> added = registeredClassNames();
   ASSERT_GE(added.size(), before.classes.size());
   added.erase(added.begin(), added.begin() + static_cast<long>(before.classes.size()));
-  EXPECT_EQ(added, kModuleClasses);
+  EXPECT_EQ(added, moduleClasses());
 
   const auto& order = OdRxClassDictionary::instance().classes();
   for (std::size_t i = 0; i < order.size(); ++i) {
