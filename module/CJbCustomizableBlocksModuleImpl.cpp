@@ -2,8 +2,6 @@
 
 #include <memory>
 
-#include "module/properties/CJbCustBlockPropertyTable.h"
-
 #include "actions/CJbCustBlockAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
@@ -13,6 +11,7 @@
 #include "core/CJbCustBlockProxyElement.h"
 #include "core/CJbCustBlockSettingsElement.h"
 #include "core/CJbDbCustBlockGraph.h"
+#include "module/properties/CJbCustBlockPropertyTable.h"
 #include "parameters/CJbCustBlock2PointParameter.h"
 #include "parameters/CJbCustBlockAlignmentParameter.h"
 #include "parameters/CJbCustBlockBasePointParameter.h"
@@ -35,49 +34,40 @@
 #include "platform/host/CJbDraggingPreview.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClass.h"
+#include "platform/rx/OdRxClassRegistration.h"
 
 namespace {
-struct ClassRegistration {
-  void (*init)();
-  void (*uninit)();
-};
-
-template <class T>
-constexpr ClassRegistration registration() {
-  return {&T::rxInit, &T::rxUninit};
-}
-
 // Parents before children: the bases, the parameter kinds, the actions, the grips, then the
 // database objects and the reactor that work on them.
-const ClassRegistration kClassOrder[] = {
-    registration<CJbCustBlockElement>(),
-    registration<CJbCustBlockProxyElement>(),
-    registration<CJbCustBlockSettingsElement>(),
-    registration<CJbCustBlockParameter>(),
-    registration<CJbCustBlock2PointParameter>(),
-    registration<CJbCustBlockAction>(),
-    registration<CJbCustBlockGrip>(),
-    registration<CJbCustBlockPointParameter>(),
-    registration<CJbCustBlockLinearParameter>(),
-    registration<CJbCustBlockRotationParameter>(),
-    registration<CJbCustBlockPolarParameter>(),
-    registration<CJbCustBlockXYParameter>(),
-    registration<CJbCustBlockBasePointParameter>(),
-    registration<CJbCustBlockAlignmentParameter>(),
-    registration<CJbCustBlockMoveAction>(),
-    registration<CJbCustBlockStretchAction>(),
-    registration<CJbCustBlockPolarStretchAction>(),
-    registration<CJbCustBlockBaseGrip>(),
-    registration<CJbCustBlockPolarGrip>(),
-    registration<CJbCustBlockXYGrip>(),
-    registration<CJbCustBlockLinearGrip>(),
-    registration<CJbCustBlockRotationGrip>(),
-    registration<CJbCustBlockFlipGrip>(),
-    registration<CJbCustBlockVisibilityGrip>(),
-    registration<CJbCustBlockLookupGrip>(),
-    registration<CJbCustBlockAlignmentGrip>(),
-    registration<CJbDbCustBlockGraph>(),
-    registration<CJbCustBlockGraphReactor>(),
+const OdRxClassRegistration kClassOrder[] = {
+    odrxClassRegistration<CJbCustBlockElement>(),
+    odrxClassRegistration<CJbCustBlockProxyElement>(),
+    odrxClassRegistration<CJbCustBlockSettingsElement>(),
+    odrxClassRegistration<CJbCustBlockParameter>(),
+    odrxClassRegistration<CJbCustBlock2PointParameter>(),
+    odrxClassRegistration<CJbCustBlockAction>(),
+    odrxClassRegistration<CJbCustBlockGrip>(),
+    odrxClassRegistration<CJbCustBlockPointParameter>(),
+    odrxClassRegistration<CJbCustBlockLinearParameter>(),
+    odrxClassRegistration<CJbCustBlockRotationParameter>(),
+    odrxClassRegistration<CJbCustBlockPolarParameter>(),
+    odrxClassRegistration<CJbCustBlockXYParameter>(),
+    odrxClassRegistration<CJbCustBlockBasePointParameter>(),
+    odrxClassRegistration<CJbCustBlockAlignmentParameter>(),
+    odrxClassRegistration<CJbCustBlockMoveAction>(),
+    odrxClassRegistration<CJbCustBlockStretchAction>(),
+    odrxClassRegistration<CJbCustBlockPolarStretchAction>(),
+    odrxClassRegistration<CJbCustBlockBaseGrip>(),
+    odrxClassRegistration<CJbCustBlockPolarGrip>(),
+    odrxClassRegistration<CJbCustBlockXYGrip>(),
+    odrxClassRegistration<CJbCustBlockLinearGrip>(),
+    odrxClassRegistration<CJbCustBlockRotationGrip>(),
+    odrxClassRegistration<CJbCustBlockFlipGrip>(),
+    odrxClassRegistration<CJbCustBlockVisibilityGrip>(),
+    odrxClassRegistration<CJbCustBlockLookupGrip>(),
+    odrxClassRegistration<CJbCustBlockAlignmentGrip>(),
+    odrxClassRegistration<CJbDbCustBlockGraph>(),
+    odrxClassRegistration<CJbCustBlockGraphReactor>(),
 };
 }  // namespace
 
@@ -127,7 +117,7 @@ void CJbCustomizableBlocksModuleImpl::AddDraggingPreviewFactory() {
 }
 
 void CJbCustomizableBlocksModuleImpl::RegisterClasses() {
-  for (const ClassRegistration& entry : kClassOrder)
+  for (const OdRxClassRegistration& entry : kClassOrder)
     Step(entry.init, entry.uninit);
 }
 
