@@ -16,6 +16,7 @@
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
 #include "platform/db/OdDbMemoryDwgFiler.h"
 #include "platform/db/entities/OdDbArc.h"
+#include "platform/db/entities/OdDbMText.h"
 #include "platform/db/entities/OdDbPolyline.h"
 #include "platform/db/entities/OdDbText.h"
 #include "platform/dxf/DxfFile.h"
@@ -94,16 +95,20 @@ TEST_F(TransformingActionTest, FlipMirrorsArcsBulgesAndReadableTextAndTogglesBac
   OdDbTextPtr label = OdDbText::createObject();
   label->setTextString("D1");
   label->setPosition(OdGePoint3d(3, 2, 0));
+  OdDbMTextPtr note = OdDbMText::createObject();
+  note->setContents("Fire door");
+  note->setLocation(OdGePoint3d(2, 6, 0));
   OdArray<OdDbObjectId> ids{leaf};
   {
     auto record = open<OdDbBlockTableRecord>(block, OdDb::kForWrite);
     for (OdDbEntity* entity :
-         std::initializer_list<OdDbEntity*>{swing.get(), sill.get(), label.get()})
+         std::initializer_list<OdDbEntity*>{swing.get(), sill.get(), label.get(), note.get()})
       ids.append(record->appendOdDbEntity(entity));
   }
   swing.release();
   sill.release();
   label.release();
+  note.release();
 
   auto parameter = addParameter<CJbCustBlockFlipParameter>({OdGePoint3d(), OdGePoint3d(0, 10, 0)});
   auto grip = addFlipGrip(parameter.get());
@@ -127,6 +132,10 @@ TEST_F(TransformingActionTest, FlipMirrorsArcsBulgesAndReadableTextAndTogglesBac
   EXPECT_NEAR(text->rotation(), 0.0, 1e-12);
   EXPECT_FALSE(text->isMirroredInX());
   EXPECT_TRUE(text->normal().isEqualTo(OdGeVector3d::kZAxis));
+  auto mtext = open<OdDbMText>(ids[4]);
+  EXPECT_TRUE(SamePoint(mtext->location(), OdGePoint3d(-2, 6, 0)));
+  EXPECT_TRUE(mtext->direction().isEqualTo(OdGeVector3d::kXAxis));
+  mtext.release();
   arc.release();
   polyline.release();
   text.release();
