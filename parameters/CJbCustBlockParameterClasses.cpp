@@ -6,6 +6,7 @@
 #include "parameters/CJbCustBlock2PointParameter.h"
 #include "parameters/CJbCustBlockAlignmentParameter.h"
 #include "parameters/CJbCustBlockBasePointParameter.h"
+#include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
@@ -45,6 +46,7 @@ const ClassRegistration kParameterClasses[] = {
     registration<CJbCustBlockXYParameter>(),
     registration<CJbCustBlockBasePointParameter>(),
     registration<CJbCustBlockAlignmentParameter>(),
+    registration<CJbCustBlockFlipParameter>(),
     registration<CJbCustBlockBaseGrip>(),
     registration<CJbCustBlockPolarGrip>(),
     registration<CJbCustBlockXYGrip>(),
