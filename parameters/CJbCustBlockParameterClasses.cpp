@@ -7,6 +7,7 @@
 #include "parameters/CJbCustBlockAlignmentParameter.h"
 #include "parameters/CJbCustBlockBasePointParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
+#include "parameters/CJbCustBlockLookupParameter.h"
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
@@ -45,6 +46,7 @@ const ClassRegistration kParameterClasses[] = {
     registration<CJbCustBlockXYParameter>(),
     registration<CJbCustBlockBasePointParameter>(),
     registration<CJbCustBlockAlignmentParameter>(),
+    registration<CJbCustBlockLookupParameter>(),
     registration<CJbCustBlockBaseGrip>(),
     registration<CJbCustBlockPolarGrip>(),
     registration<CJbCustBlockXYGrip>(),
