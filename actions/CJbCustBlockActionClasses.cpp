@@ -3,6 +3,7 @@
 
 #include "actions/CJbCustBlockAction.h"
 #include "actions/CJbCustBlockFlipAction.h"
+#include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
 #include "actions/CJbCustBlockRotateAction.h"
@@ -17,9 +18,11 @@ void CJbCustBlockActionClasses::RxInit() {
   CJbCustBlockScaleAction::rxInit();
   CJbCustBlockRotateAction::rxInit();
   CJbCustBlockFlipAction::rxInit();
+  CJbCustBlockLookupAction::rxInit();
 }
 
 void CJbCustBlockActionClasses::RxUninit() {
+  CJbCustBlockLookupAction::rxUninit();
   CJbCustBlockFlipAction::rxUninit();
   CJbCustBlockRotateAction::rxUninit();
   CJbCustBlockScaleAction::rxUninit();

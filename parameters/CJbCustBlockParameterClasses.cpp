@@ -8,6 +8,7 @@
 #include "parameters/CJbCustBlockBasePointParameter.h"
 #include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
+#include "parameters/CJbCustBlockLookupParameter.h"
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
@@ -47,6 +48,7 @@ const ClassRegistration kParameterClasses[] = {
     registration<CJbCustBlockBasePointParameter>(),
     registration<CJbCustBlockAlignmentParameter>(),
     registration<CJbCustBlockFlipParameter>(),
+    registration<CJbCustBlockLookupParameter>(),
     registration<CJbCustBlockBaseGrip>(),
     registration<CJbCustBlockPolarGrip>(),
     registration<CJbCustBlockXYGrip>(),
