@@ -3,8 +3,12 @@
 #include <memory>
 
 #include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockFlipAction.h"
+#include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
+#include "actions/CJbCustBlockRotateAction.h"
+#include "actions/CJbCustBlockScaleAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
 #include "core/CJbCustBlockElement.h"
 #include "core/CJbCustBlockGraphReactor.h"
@@ -15,7 +19,9 @@
 #include "parameters/CJbCustBlock2PointParameter.h"
 #include "parameters/CJbCustBlockAlignmentParameter.h"
 #include "parameters/CJbCustBlockBasePointParameter.h"
+#include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
+#include "parameters/CJbCustBlockLookupParameter.h"
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
@@ -52,11 +58,17 @@ const OdRxClassRegistration kClassOrder[] = {
     odrxClassRegistration<CJbCustBlockRotationParameter>(),
     odrxClassRegistration<CJbCustBlockPolarParameter>(),
     odrxClassRegistration<CJbCustBlockXYParameter>(),
+    odrxClassRegistration<CJbCustBlockFlipParameter>(),
+    odrxClassRegistration<CJbCustBlockLookupParameter>(),
     odrxClassRegistration<CJbCustBlockBasePointParameter>(),
     odrxClassRegistration<CJbCustBlockAlignmentParameter>(),
     odrxClassRegistration<CJbCustBlockMoveAction>(),
     odrxClassRegistration<CJbCustBlockStretchAction>(),
+    odrxClassRegistration<CJbCustBlockScaleAction>(),
+    odrxClassRegistration<CJbCustBlockRotateAction>(),
     odrxClassRegistration<CJbCustBlockPolarStretchAction>(),
+    odrxClassRegistration<CJbCustBlockFlipAction>(),
+    odrxClassRegistration<CJbCustBlockLookupAction>(),
     odrxClassRegistration<CJbCustBlockBaseGrip>(),
     odrxClassRegistration<CJbCustBlockPolarGrip>(),
     odrxClassRegistration<CJbCustBlockXYGrip>(),
@@ -134,27 +146,16 @@ void CJbCustomizableBlocksModuleImpl::AttachExtension(OdRxClass* cls, OdRxClass*
 }
 
 void CJbCustomizableBlocksModuleImpl::AttachUtilities() {
-  CJbCustBlockKindUtilsPE* const ordered[] = {&m_proxyElementUtilsPE,
-                                              &m_pointParameterUtilsPE,
-                                              &m_linearParameterUtilsPE,
-                                              &m_rotationParameterUtilsPE,
-                                              &m_polarParameterUtilsPE,
-                                              &m_xYParameterUtilsPE,
-                                              &m_basePointParameterUtilsPE,
-                                              &m_alignmentParameterUtilsPE,
-                                              &m_moveActionUtilsPE,
-                                              &m_stretchActionUtilsPE,
-                                              &m_polarStretchActionUtilsPE,
-                                              &m_baseGripUtilsPE,
-                                              &m_polarGripUtilsPE,
-                                              &m_xYGripUtilsPE,
-                                              &m_linearGripUtilsPE,
-                                              &m_rotationGripUtilsPE,
-                                              &m_flipGripUtilsPE,
-                                              &m_visibilityGripUtilsPE,
-                                              &m_lookupGripUtilsPE,
-                                              &m_alignmentGripUtilsPE,
-                                              &m_graphUtilsPE};
+  CJbCustBlockKindUtilsPE* const ordered[] = {
+      &m_proxyElementUtilsPE,       &m_pointParameterUtilsPE,  &m_linearParameterUtilsPE,
+      &m_rotationParameterUtilsPE,  &m_polarParameterUtilsPE,  &m_xYParameterUtilsPE,
+      &m_flipParameterUtilsPE,      &m_lookupParameterUtilsPE, &m_basePointParameterUtilsPE,
+      &m_alignmentParameterUtilsPE, &m_moveActionUtilsPE,      &m_stretchActionUtilsPE,
+      &m_scaleActionUtilsPE,        &m_rotateActionUtilsPE,    &m_polarStretchActionUtilsPE,
+      &m_flipActionUtilsPE,         &m_lookupActionUtilsPE,    &m_baseGripUtilsPE,
+      &m_polarGripUtilsPE,          &m_xYGripUtilsPE,          &m_linearGripUtilsPE,
+      &m_rotationGripUtilsPE,       &m_flipGripUtilsPE,        &m_visibilityGripUtilsPE,
+      &m_lookupGripUtilsPE,         &m_alignmentGripUtilsPE,   &m_dbCustBlockGraphUtilsPE};
   for (CJbCustBlockKindUtilsPE* utilities : ordered)
     AttachExtension(utilities->GetKindClass(), CJbCustBlockElementUtilsPE::desc(), utilities);
 }

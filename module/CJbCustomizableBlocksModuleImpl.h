@@ -23,18 +23,24 @@
 #include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
 #include "module/utilities/CJbCustBlockBaseGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockBasePointParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockFlipActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockFlipGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockFlipParameterUtilsPE.h"
 #include "module/utilities/CJbCustBlockLinearGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockLinearParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockLookupActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockLookupGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockLookupParameterUtilsPE.h"
 #include "module/utilities/CJbCustBlockMoveActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockPointParameterUtilsPE.h"
 #include "module/utilities/CJbCustBlockPolarGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockPolarParameterUtilsPE.h"
 #include "module/utilities/CJbCustBlockPolarStretchActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockProxyElementUtilsPE.h"
+#include "module/utilities/CJbCustBlockRotateActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockRotationGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockRotationParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockScaleActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockStretchActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockVisibilityGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockXYGripUtilsPE.h"
@@ -70,11 +76,17 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbCustBlockRotationParameterUtilsPE> m_rotationParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockPolarParameterUtilsPE> m_polarParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockXYParameterUtilsPE> m_xYParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockFlipParameterUtilsPE> m_flipParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockLookupParameterUtilsPE> m_lookupParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockBasePointParameterUtilsPE> m_basePointParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockAlignmentParameterUtilsPE> m_alignmentParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockMoveActionUtilsPE> m_moveActionUtilsPE;
   OdStaticRxObject<CJbCustBlockStretchActionUtilsPE> m_stretchActionUtilsPE;
+  OdStaticRxObject<CJbCustBlockScaleActionUtilsPE> m_scaleActionUtilsPE;
+  OdStaticRxObject<CJbCustBlockRotateActionUtilsPE> m_rotateActionUtilsPE;
   OdStaticRxObject<CJbCustBlockPolarStretchActionUtilsPE> m_polarStretchActionUtilsPE;
+  OdStaticRxObject<CJbCustBlockFlipActionUtilsPE> m_flipActionUtilsPE;
+  OdStaticRxObject<CJbCustBlockLookupActionUtilsPE> m_lookupActionUtilsPE;
   OdStaticRxObject<CJbCustBlockBaseGripUtilsPE> m_baseGripUtilsPE;
   OdStaticRxObject<CJbCustBlockPolarGripUtilsPE> m_polarGripUtilsPE;
   OdStaticRxObject<CJbCustBlockXYGripUtilsPE> m_xYGripUtilsPE;
@@ -84,7 +96,7 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbCustBlockVisibilityGripUtilsPE> m_visibilityGripUtilsPE;
   OdStaticRxObject<CJbCustBlockLookupGripUtilsPE> m_lookupGripUtilsPE;
   OdStaticRxObject<CJbCustBlockAlignmentGripUtilsPE> m_alignmentGripUtilsPE;
-  OdStaticRxObject<CJbDbCustBlockGraphUtilsPE> m_graphUtilsPE;
+  OdStaticRxObject<CJbDbCustBlockGraphUtilsPE> m_dbCustBlockGraphUtilsPE;
   // One properties-palette extension per property-bearing class, in registration order.
   std::vector<std::unique_ptr<OdStaticRxObject<CJbPropertyPEImpl>>> m_properties;
   // Block-editor commands, in registration order.

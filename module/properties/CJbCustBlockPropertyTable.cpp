@@ -1,14 +1,20 @@
 #include "module/properties/CJbCustBlockPropertyTable.h"
 
 #include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockFlipAction.h"
+#include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
+#include "actions/CJbCustBlockRotateAction.h"
+#include "actions/CJbCustBlockScaleAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
 #include "core/CJbCustBlockProxyElement.h"
 #include "parameters/CJbCustBlock2PointParameter.h"
 #include "parameters/CJbCustBlockAlignmentParameter.h"
 #include "parameters/CJbCustBlockBasePointParameter.h"
+#include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
+#include "parameters/CJbCustBlockLookupParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"
@@ -187,6 +193,7 @@ CJbCustBlockPropertyTable::Entry entry(Properties properties) {
 
 std::vector<CJbCustBlockPropertyTable::Entry> CJbCustBlockPropertyTable::Entries() {
   using Flip = CJbCustBlockFlipGrip;
+  using Lookup = CJbCustBlockLookupParameter;
   const auto real = OdResBuf::kRtDouble;
   const auto angle = OdResBuf::kRtAngle;
   return {
@@ -208,6 +215,15 @@ std::vector<CJbCustBlockPropertyTable::Entry> CJbCustBlockPropertyTable::Entries
       entry<CJbCustBlockXYParameter>(
           with(parameterProperties(),
                {valueProperty("X Distance", real, 0), valueProperty("Y Distance", real, 1)})),
+      entry<CJbCustBlockFlipParameter>(
+          with(twoPointProperties(), {valueProperty("Flipped", OdResBuf::kRtInt32, 0)})),
+      entry<Lookup>(with(parameterProperties(),
+                         {
+                             valueProperty("Row", OdResBuf::kRtInt32, 0),
+                             number<Lookup>("Rows", &Lookup::GetStateCount),
+                             number<Lookup>("Columns", &Lookup::GetParameterCount),
+                             flag<Lookup>("Read Only", &Lookup::IsReadOnly, &Lookup::SetReadOnly),
+                         })),
       entry<CJbCustBlockBasePointParameter>(
           with(parameterProperties(),
                {flag<CJbCustBlockBasePointParameter>(
@@ -218,7 +234,11 @@ std::vector<CJbCustBlockPropertyTable::Entry> CJbCustBlockPropertyTable::Entries
                    "Perpendicular", &CJbCustBlockAlignmentParameter::IsPerpendicular)})),
       entry<CJbCustBlockMoveAction>(actionProperties()),
       entry<CJbCustBlockStretchAction>(actionProperties()),
+      entry<CJbCustBlockScaleAction>(actionProperties()),
+      entry<CJbCustBlockRotateAction>(actionProperties()),
       entry<CJbCustBlockPolarStretchAction>(actionProperties()),
+      entry<CJbCustBlockFlipAction>(actionProperties()),
+      entry<CJbCustBlockLookupAction>(actionProperties()),
       entry<CJbCustBlockBaseGrip>(gripProperties()),
       entry<CJbCustBlockPolarGrip>(gripProperties()),
       entry<CJbCustBlockXYGrip>(gripProperties()),
