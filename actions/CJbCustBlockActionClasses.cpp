@@ -2,6 +2,7 @@
 #include "actions/CJbCustBlockActionClasses.h"
 
 #include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockArrayAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
@@ -11,9 +12,11 @@ void CJbCustBlockActionClasses::RxInit() {
   CJbCustBlockMoveAction::rxInit();
   CJbCustBlockStretchAction::rxInit();
   CJbCustBlockPolarStretchAction::rxInit();
+  CJbCustBlockArrayAction::rxInit();
 }
 
 void CJbCustBlockActionClasses::RxUninit() {
+  CJbCustBlockArrayAction::rxUninit();
   CJbCustBlockPolarStretchAction::rxUninit();
   CJbCustBlockStretchAction::rxUninit();
   CJbCustBlockMoveAction::rxUninit();
