@@ -13,9 +13,11 @@
 #include "parameters/CJbCustBlockXYParameter.h"
 #include "platform/base/OdError.h"
 #include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDwgFiler.h"
 #include "platform/db/OdDbEntity.h"
 #include "platform/db/OdDbIdMapping.h"
+#include "platform/db/OdDbMemoryDwgFiler.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbSystemServices.h"
 #include "platform/host/CJbTranslator.h"
@@ -107,7 +109,10 @@ void copyAlong(const ArrayPass& pass, const OdDbObjectIdArray& sources,
   }
   const OdGeVector3d unit = pass.direction.normal();
   copies.reserve(copies.length() + originals.length() * (pass.count - 1));
-  for (unsigned i = 1; i < pass.count; ++i) {
+  // The first place goes through a deep clone; when that cloned nothing the originals own, the
+  // other places are plain copies, which spares each of them the clone's id translation.
+  bool plain = false;
+  for (unsigned i = 1; i < pass.count && !plain; ++i) {
     OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
     database->deepCloneObjects(originals, owner, *mapping);
     const OdGeMatrix3d shift = OdGeMatrix3d::translation(unit * (pass.spacing * i));
@@ -118,6 +123,29 @@ void copyAlong(const ArrayPass& pass, const OdDbObjectIdArray& sources,
       const OdDbEntityPtr copy =
           OdDbEntity::cast(pair.value().safeOpenObject(OdDb::kForWrite).get());
       if (!copy.isNull()) copy->transformBy(shift);
+    }
+    plain = mapping->numPairs() == originals.length();
+  }
+  if (!plain || pass.count <= 2) return;
+  // Each original is filed once; every further place reads its copies from that record.
+  OdSmartPtr<OdDbMemoryDwgFiler> record =
+      OdDbMemoryDwgFiler::createObject(database, OdDb::kCopyFiler);
+  OdArray<OdRxClass*> classes;
+  for (const OdDbObjectId& original : originals) {
+    const OdDbObjectPtr object = original.safeOpenObject();
+    object->dwgOutFields(record.get());
+    classes.append(object->isA());
+  }
+  OdDbBlockTableRecordPtr block =
+      OdDbBlockTableRecord::cast(owner.safeOpenObject(OdDb::kForWrite).get());
+  for (unsigned i = 2; i < pass.count; ++i) {
+    const OdGeMatrix3d shift = OdGeMatrix3d::translation(unit * (pass.spacing * i));
+    record->seek(0, OdDb::kSeekFromStart);
+    for (OdRxClass* cls : classes) {
+      const OdDbEntityPtr copy = OdDbEntity::cast(cls->create().get());
+      copy->dwgInFields(record.get());
+      copy->transformBy(shift);
+      copies.append(block->appendOdDbEntity(copy.get()));
     }
   }
 }
