@@ -18,6 +18,7 @@
 #include "platform/db/OdDbEntity.h"
 #include "platform/db/OdDbIdMapping.h"
 #include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/db/OdDbWriteGuard.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbSystemServices.h"
 #include "platform/host/CJbTranslator.h"
@@ -41,11 +42,17 @@ bool isValidSpacing(double spacing) {
   return std::isfinite(spacing) && spacing > 0.0;
 }
 
-void refuseSpacing(double distance) {
-  if (isValidSpacing(distance)) return;
-  std::ostringstream text;
-  text << "array distance must be a positive number, got " << distance;
-  throw OdError(eInvalidInput, text.str());
+// Stores a spacing of `action`, refusing one that is not positive and finite; a change below the
+// value tolerance is none.
+void storeDistance(const CJbCustBlockArrayAction& action, double& stored, double distance) {
+  if (!isValidSpacing(distance)) {
+    std::ostringstream text;
+    text << "array distance must be a positive number, got " << distance;
+    throw OdError(eInvalidInput, text.str());
+  }
+  if (std::fabs(distance - stored) <= kValueTol) return;
+  action.AssertWriteEnabled();
+  stored = distance;
 }
 
 void report(const std::string& text) {
@@ -136,8 +143,9 @@ void copyAlong(const ArrayPass& pass, const OdDbObjectIdArray& sources,
     object->dwgOutFields(record.get());
     classes.append(object->isA());
   }
-  OdDbBlockTableRecordPtr block =
-      OdDbBlockTableRecord::cast(owner.safeOpenObject(OdDb::kForWrite).get());
+  // Taken for write the way the deep clone takes it, whatever mode the caller holds it in.
+  const OdDbWriteGuard ownerAccess(owner);
+  const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(ownerAccess.get());
   for (unsigned i = 2; i < pass.count; ++i) {
     const OdGeMatrix3d shift = OdGeMatrix3d::translation(unit * (pass.spacing * i));
     record->seek(0, OdDb::kSeekFromStart);
@@ -299,10 +307,7 @@ double CJbCustBlockArrayAction::GetColumnDistance() const {
 }
 
 void CJbCustBlockArrayAction::SetColumnDistance(double distance) {
-  refuseSpacing(distance);
-  if (std::fabs(distance - ArrayImpl()->m_columnDistance) <= kValueTol) return;
-  AssertWriteEnabled();
-  ArrayImpl()->m_columnDistance = distance;
+  storeDistance(*this, ArrayImpl()->m_columnDistance, distance);
 }
 
 double CJbCustBlockArrayAction::GetRowDistance() const {
@@ -311,10 +316,7 @@ double CJbCustBlockArrayAction::GetRowDistance() const {
 }
 
 void CJbCustBlockArrayAction::SetRowDistance(double distance) {
-  refuseSpacing(distance);
-  if (std::fabs(distance - ArrayImpl()->m_rowDistance) <= kValueTol) return;
-  AssertWriteEnabled();
-  ArrayImpl()->m_rowDistance = distance;
+  storeDistance(*this, ArrayImpl()->m_rowDistance, distance);
 }
 
 OdArray<OdDbObjectId> CJbCustBlockArrayAction::GetCopies() const {

@@ -8,6 +8,7 @@
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "parameters/CJbCustBlockVisibilityParameterImpl.h"
 #include "platform/base/OdError.h"
+#include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbDwgFiler.h"
 #include "platform/db/OdDbEntity.h"
@@ -215,6 +216,28 @@ bool CJbCustBlockVisibilityParameter::IsPropertyEnabled() const {
 
 bool CJbCustBlockVisibilityParameter::IsGripVisible(unsigned index, bool) const {
   return !IsNullId(GetGrip(index));
+}
+
+void CJbCustBlockVisibilityParameter::Audit(OdDbAuditInfo* auditInfo) {
+  CJbCustBlockParameter::Audit(auditInfo);
+  const CJbCustBlockVisibilityParameterImpl& impl = *VisibilityImpl();
+  int stale = 0;
+  for (const State& state : impl.m_states) {
+    for (const OdDbObjectId& id : state.definedHidden)
+      stale += id.isNull() || id.isErased() ? 1 : 0;
+    for (int id : state.hiddenElements)
+      stale += impl.m_graph && impl.m_graph->HasNode(id) ? 0 : 1;
+  }
+  const bool lostEditorState = !impl.m_states.empty() && !impl.HasState(impl.m_blockEditorState);
+  const int errors = stale + (lostEditorState ? 1 : 0);
+  if (errors == 0) return;
+  auditInfo->errorsFound(errors);
+  auditInfo->printError(GetName(), std::to_string(errors) + " stale visibility state entries",
+                        "entities of the block and elements of the graph", "removed");
+  if (!auditInfo->fixErrors()) return;
+  Cleanup();
+  if (lostEditorState) SetBlockEditorState(GetDefaultState());
+  auditInfo->errorsFixed(errors);
 }
 
 void CJbCustBlockVisibilityParameter::Cleanup() {

@@ -36,6 +36,9 @@ class CJbCustBlockVisibilityParameter : public CJbCustBlockParameter,
   bool IsAlwaysVisible() const override;
   bool IsPropertyEnabled() const override;
   bool IsGripVisible(unsigned index, bool checkVisibility) const override;
+  // Reports (and, when fixing, drops) erased entities and missing elements in the states, and a
+  // block editor state beyond them.
+  void Audit(OdDbAuditInfo* auditInfo) override;
   // Drops erased entities and elements no longer in the graph from every state.
   void Cleanup() override;
   // Shows again everything the states hid.

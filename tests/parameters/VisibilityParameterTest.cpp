@@ -12,6 +12,7 @@
 #include "parameters/CJbCustBlockVisibilityParameter.h"
 #include "parameters/grips/CJbCustBlockVisibilityGrip.h"
 #include "platform/db/DbTestSupport.h"
+#include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbMemoryDwgFiler.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/dxf/DxfFile.h"
@@ -237,4 +238,23 @@ TEST_F(VisibilityTest, StatesSurviveDwgAndDxfFiling) {
       CJbDbCustBlockGraph::cast(dictionary->getAt("GRAPH", OdDb::kForRead).get());
   ASSERT_FALSE(fromDxf.isNull());
   expectStates(fromDxf.get(), read.get());
+}
+
+TEST_F(VisibilityTest, AuditDropsErasedEntitiesAndLostElements) {
+  open<OdDbLine>(swing, OdDb::kForWrite)->erase();
+  graph->RemoveNode(width->GetElementId());
+  visibility->SetBlockEditorState(5);
+  OdDbAuditInfo report(false);
+  visibility->Audit(&report);
+  EXPECT_EQ(report.numErrors(), 5);
+  EXPECT_EQ(report.numFixes(), 0);
+  EXPECT_EQ(visibility->GetDefinedHiddenEntities(0).length(), 2u);
+
+  OdDbAuditInfo fix(true);
+  visibility->Audit(&fix);
+  EXPECT_EQ(fix.numFixes(), 5);
+  EXPECT_EQ(visibility->GetDefinedHiddenEntities(2), (OdArray<OdDbObjectId>{leafOpen, leafClosed}));
+  EXPECT_EQ(visibility->GetCurrentHiddenEntities(1), OdArray<OdDbObjectId>{leafOpen});
+  EXPECT_TRUE(visibility->GetHiddenElementIds(1).isEmpty());
+  EXPECT_EQ(visibility->GetBlockEditorState(), 0u);
 }
