@@ -10,6 +10,7 @@
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockXYParameter.h"
+#include "platform/db/OdDbAttribute.h"
 #include "platform/db/OdDbAttributeDefinition.h"
 #include "platform/dxf/DxfFile.h"
 #include "platform/host/CJbScopedService.h"
@@ -89,8 +90,9 @@ TEST_F(ArrayActionTest, EveryEvaluationReplacesTheCopiesOfTheOneBefore) {
   CJbCustBlockLinearParameterPtr linear = driveByLinear(OdGePoint3d(9, 0, 0));
   ASSERT_TRUE(evaluate());
   const OdArray<OdDbObjectId> wide = array->GetCopies();
-  linear->SetUpdatedPosition(1, OdGePoint3d(5, 0, 0));
-  ASSERT_TRUE(evaluate());
+  // Narrowed through its value, as a reference's edit does, and evaluated by the graph.
+  ASSERT_TRUE(linear->SetValue(0, OdResBuf::newRb(OdResBuf::kRtDouble, 5.0)));
+  graph->Evaluate(OdDbObjectId::kNull, false);
   for (const OdDbObjectId& id : wide)
     EXPECT_TRUE(id.isErased());
   EXPECT_EQ(copyStarts().size(), 1u);
@@ -210,4 +212,29 @@ TEST_F(ArrayActionTest, DistancesAndCopiesSurviveFiling) {
   ASSERT_EQ(entities.length(), 2u);
   EXPECT_EQ(entities[0].database(), read.get());
   EXPECT_EQ(entities[0].getHandle(), source.getHandle());
+}
+
+TEST_F(ArrayActionTest, CopiesOfReferencesOwnTheirAttributes) {
+  const OdDbObjectId seat = addBlock("Seat");
+  const OdDbObjectId reference = addReference(block, seat);
+  {
+    OdDbBlockReferencePtr owner = open<OdDbBlockReference>(reference, OdDb::kForWrite);
+    OdSmartPtr<OdDbAttribute> number = OdDbAttribute::createObject();
+    number->setTag("NO");
+    owner->appendAttribute(number.get());
+  }
+  array->SetEntities(0, {source, reference});
+  driveByLinear(OdGePoint3d(6, 0, 0));
+  ASSERT_TRUE(evaluate());
+  OdDbObjectIdArray attributes;
+  for (const OdDbObjectId& id : array->GetCopies()) {
+    OdDbBlockReferencePtr copy = OdDbBlockReference::cast(id.openObject().get());
+    if (copy.isNull()) continue;
+    for (OdDbObjectIteratorPtr it = copy->attributeIterator(); !it->done(); it->step()) {
+      EXPECT_FALSE(attributes.contains(it->objectId()));
+      EXPECT_EQ(open<OdDbAttribute>(it->objectId())->ownerId(), id);
+      attributes.append(it->objectId());
+    }
+  }
+  EXPECT_EQ(attributes.length(), 2u);
 }
