@@ -495,6 +495,8 @@ OdDbBlockTableRecord* DxfFileReader::openBlock(const OdDbObjectId& id) {
 }
 
 void DxfFileReader::readBlocks() {
+  // Entities of a file without a layer table still belong on this database's layers.
+  ensureLayerZero();
   while (nextRecord("BLOCKS")) {
     if (!m_head.is(0, "BLOCK")) fail(m_head, "expected 0/BLOCK or 0/ENDSEC");
     OdDbHandle beginHandle;
@@ -589,6 +591,7 @@ void DxfFileReader::readBlocks() {
 }
 
 void DxfFileReader::readEntities() {
+  ensureLayerZero();
   while (nextRecord("ENTITIES"))
     guarded([&] { readEntity(OdDbObjectId::kNull); });
   endFollowers();
@@ -855,24 +858,25 @@ void DxfFileReader::readRecord(OdDbObject* object, bool resident, OdDbHandle* ha
   }
 }
 
+void DxfFileReader::ensureLayerZero() {
+  if (m_db->getLayerTableId().isNull()) {
+    OdDbLayerTablePtr layers = OdDbLayerTable::createObject();
+    m_db->setLayerTableId(m_db->addOdDbObject(layers.get()));
+  }
+  OdDbObjectPtr layers = m_db->openObject(m_db->getLayerTableId(), OdDb::kForWrite);
+  auto* table = static_cast<OdDbSymbolTable*>(layers.get());
+  if (!table->lookup("0").isNull()) return;
+  OdDbLayerTableRecordPtr zero = OdDbLayerTableRecord::createObject();
+  zero->setName("0");
+  table->add(zero.get());
+}
+
 void DxfFileReader::finish() {
   endFollowers();
   m_openBlocks.clear();
   blockNamed("*Model_Space", true);
   blockNamed("*Paper_Space", true);
-  if (m_db->getLayerTableId().isNull()) {
-    OdDbLayerTablePtr layers = OdDbLayerTable::createObject();
-    m_db->setLayerTableId(m_db->addOdDbObject(layers.get()));
-  }
-  {
-    OdDbObjectPtr layers = m_db->openObject(m_db->getLayerTableId(), OdDb::kForWrite);
-    auto* table = static_cast<OdDbSymbolTable*>(layers.get());
-    if (table->lookup("0").isNull()) {
-      OdDbLayerTableRecordPtr zero = OdDbLayerTableRecord::createObject();
-      zero->setName("0");
-      table->add(zero.get());
-    }
-  }
+  ensureLayerZero();
   if (m_db->getRegAppTableId().isNull()) {
     OdDbRegAppTablePtr apps = OdDbRegAppTable::createObject();
     m_db->setRegAppTableId(m_db->addOdDbObject(apps.get()));

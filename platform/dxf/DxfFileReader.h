@@ -51,6 +51,8 @@ class DxfFileReader {
   void readEntities();
   void readObjects();
   void keepSection(const OdString& name);
+  // The layer table and its layer "0", made when the file has none (yet).
+  void ensureLayerZero();
   void finish();
 
   // Recovery. A record whose reading fails is erased and reported; the reader goes on.
@@ -89,7 +91,6 @@ class DxfFileReader {
   OdDb::DwgVersion m_version = OdDb::kDHL_CURRENT;
   DxfTag m_head;
   std::vector<DxfTag> m_tags;
-  std::size_t m_sectionLine = 0;
 
   // Blocks kept open for write while their entities are read.
   std::map<OdDbStub*, OdDbObjectPtr> m_openBlocks;
