@@ -295,9 +295,6 @@ OdResult OdDbEntity::dxfInFields(OdDbDxfFiler* filer) {
 void OdDbEntity::dxfOutFields(OdDbDxfFiler* filer) const {
   OdDbObject::dxfOutFields(filer);
   filer->wrSubclassMarker("AcDbEntity");
-  // Readers tell paper space from model space by this flag, not by the owner.
-  OdDbDatabase* db = database();
-  if (db && !ownerId().isNull() && ownerId() == db->getPaperSpaceId()) filer->wrInt16(67, 1);
   const OdString name = layer();
   filer->wrString(8, name.isEmpty() ? OdString("0") : name);
   if (*m_linetype != "ByLayer") filer->wrString(6, *m_linetype);

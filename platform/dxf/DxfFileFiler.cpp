@@ -18,6 +18,7 @@ ODRX_CONS_DEFINE_MEMBERS(DxfFileFiler, OdDbDxfFiler)
 namespace {
 constexpr int kSubclassCode = 100;
 constexpr int kControlCode = 102;
+constexpr int kPaperSpaceCode = 67;
 constexpr int kXDataAppCode = 1001;
 
 // Files before 2007 hold text in a code page; characters beyond ASCII go as \U+XXXX escapes,
@@ -340,6 +341,12 @@ void DxfFileFiler::wrString(int groupCode, const OdString& value) {
     if (value.view().substr(0, 1) == "}" && m_groupDepth > 0) --m_groupDepth;
   }
   putString(groupCode, value);
+  // Readers tell paper space from model space by this flag, not by the owner.
+  if (m_paperSpace && groupCode == kSubclassCode && m_groupDepth == 0 && !m_inXData &&
+      value == "AcDbEntity") {
+    beforeWrite(kPaperSpaceCode);
+    m_writer->write(kPaperSpaceCode, std::int16_t{1});
+  }
 }
 void DxfFileFiler::wrBool(int groupCode, bool value) {
   beforeWrite(groupCode);

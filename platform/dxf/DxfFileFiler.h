@@ -53,6 +53,8 @@ class DxfFileFiler : public OdDbDxfFiler {
     m_writer = writer;
     m_textFile = textFile;
   }
+  // Entities written while set are flagged as paper space (67) after their entity marker.
+  void setPaperSpace(bool paperSpace) { m_paperSpace = paperSpace; }
   void beginObject(const DxfLeftovers* leftovers, OdDbHandle handle = OdDbHandle(),
                    OdDbObjectId owner = OdDbObjectId::kNull, int handleCode = 5);
   void endObject();
@@ -130,5 +132,6 @@ class DxfFileFiler : public OdDbDxfFiler {
   OdDbHandle m_handle;
   OdDbObjectId m_owner;
   int m_handleCode = 5;
+  bool m_paperSpace = false;
 };
 using DxfFileFilerPtr = OdSmartPtr<DxfFileFiler>;
