@@ -57,6 +57,12 @@ bool hasMarker(const std::vector<DxfTag>& tags, std::string_view marker) {
   return std::any_of(tags.begin(), tags.end(), [&](const DxfTag& t) { return t.is(100, marker); });
 }
 
+// Record, table and section names are written as they are: they cannot hold a line break.
+bool isPlainName(std::string_view name) {
+  return std::none_of(name.begin(), name.end(),
+                      [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+}
+
 bool isPointerCode(int code) {
   return (code >= 320 && code <= 369) || (code >= 390 && code <= 399) || code == 480 || code == 481;
 }
@@ -248,8 +254,8 @@ OdDbDatabasePtr DxfFileReader::read() {
       if (!recovering()) fail(tag, "but the file ends where 2 (the section name) was expected");
       break;
     }
-    if (name.code() != 2) {
-      if (!recovering()) fail(name, "expected 2 (the section name)");
+    if (name.code() != 2 || !isPlainName(name.raw())) {
+      if (!recovering()) fail(name, "expected 2 (the section name, without control characters)");
       m_reader.pushBack();
       skipSection(name.position().str() + ": a section without a name");
       continue;
@@ -302,11 +308,15 @@ bool DxfFileReader::nextRecord(const char* section) {
       m_sectionEnded = true;
       return false;
     }
-    if (tag.code() == 0) break;
-    if (!recovering()) fail(tag, "expected 0 (the start of a record)");
+    const bool named = isPlainName(tag.raw());
+    if (tag.code() == 0 && named) break;
+    if (!recovering())
+      fail(tag, tag.code() == 0 ? "expected a record name without control characters"
+                                : "expected 0 (the start of a record)");
     if (!stray)
       m_recovery->add(DxfRecoverReport::kRecordDropped,
                       tag.position().str() + ": group code " + std::to_string(tag.code()) +
+                          (named ? "" : " with control characters") +
                           " where a record should start; the tags up to the next record are "
                           "left out");
     stray = true;
@@ -340,6 +350,7 @@ bool DxfFileReader::nextRecord(const char* section) {
 void DxfFileReader::readHeader() {
   DxfTag tag;
   DxfFileInfo::HeaderVariable* variable = nullptr;
+  bool skipping = false;  // recovering: the tags of a variable left out
   while (true) {
     if (!nextTag(tag)) {
       const std::string where =
@@ -359,10 +370,21 @@ void DxfFileReader::readHeader() {
       break;
     }
     if (tag.code() == 9) {
+      skipping = !isPlainName(tag.raw());
+      variable = nullptr;
+      if (skipping && !recovering())
+        fail(tag, "expected a header variable name without control characters");
+      if (skipping) {
+        m_recovery->add(DxfRecoverReport::kRecordDropped,
+                        tag.position().str() +
+                            ": a header variable name with control characters; it is left out");
+        continue;
+      }
       m_info->header.push_back({tag.asString(), DxfKeptTags()});
       variable = &m_info->header.back();
       continue;
     }
+    if (skipping) continue;
     if (!variable) fail(tag, "expected 9 (a header variable name)");
     variable->tags.append(tag);
     if (variable->name == "$ACADVER" && tag.code() == 1) {
@@ -403,6 +425,8 @@ void DxfFileReader::readTable() {
   auto nameAt =
       std::find_if(m_tags.begin(), m_tags.end(), [](const DxfTag& t) { return t.code() == 2; });
   if (nameAt == m_tags.end()) fail(m_head, "but the table has no name (group code 2)");
+  if (!isPlainName(nameAt->raw()))
+    fail(*nameAt, "expected a table name without control characters");
   const OdString name = nameAt->asString().trimRight().makeUpper();
   m_tags.erase(nameAt);
   if (!hasSubclassMarkers(m_tags)) DxfR12Markers::insert(name, DxfR12Markers::Kind::kTable, m_tags);
