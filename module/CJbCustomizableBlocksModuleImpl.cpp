@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockArrayAction.h"
 #include "actions/CJbCustBlockFlipAction.h"
 #include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
@@ -26,6 +27,7 @@
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"
+#include "parameters/CJbCustBlockVisibilityParameter.h"
 #include "parameters/CJbCustBlockXYParameter.h"
 #include "parameters/grips/CJbCustBlockAlignmentGrip.h"
 #include "parameters/grips/CJbCustBlockBaseGrip.h"
@@ -59,6 +61,7 @@ const OdRxClassRegistration kClassOrder[] = {
     odrxClassRegistration<CJbCustBlockPolarParameter>(),
     odrxClassRegistration<CJbCustBlockXYParameter>(),
     odrxClassRegistration<CJbCustBlockFlipParameter>(),
+    odrxClassRegistration<CJbCustBlockVisibilityParameter>(),
     odrxClassRegistration<CJbCustBlockLookupParameter>(),
     odrxClassRegistration<CJbCustBlockBasePointParameter>(),
     odrxClassRegistration<CJbCustBlockAlignmentParameter>(),
@@ -67,6 +70,7 @@ const OdRxClassRegistration kClassOrder[] = {
     odrxClassRegistration<CJbCustBlockScaleAction>(),
     odrxClassRegistration<CJbCustBlockRotateAction>(),
     odrxClassRegistration<CJbCustBlockPolarStretchAction>(),
+    odrxClassRegistration<CJbCustBlockArrayAction>(),
     odrxClassRegistration<CJbCustBlockFlipAction>(),
     odrxClassRegistration<CJbCustBlockLookupAction>(),
     odrxClassRegistration<CJbCustBlockBaseGrip>(),
@@ -147,15 +151,21 @@ void CJbCustomizableBlocksModuleImpl::AttachExtension(OdRxClass* cls, OdRxClass*
 
 void CJbCustomizableBlocksModuleImpl::AttachUtilities() {
   CJbCustBlockKindUtilsPE* const ordered[] = {
-      &m_proxyElementUtilsPE,       &m_pointParameterUtilsPE,  &m_linearParameterUtilsPE,
-      &m_rotationParameterUtilsPE,  &m_polarParameterUtilsPE,  &m_xYParameterUtilsPE,
-      &m_flipParameterUtilsPE,      &m_lookupParameterUtilsPE, &m_basePointParameterUtilsPE,
-      &m_alignmentParameterUtilsPE, &m_moveActionUtilsPE,      &m_stretchActionUtilsPE,
-      &m_scaleActionUtilsPE,        &m_rotateActionUtilsPE,    &m_polarStretchActionUtilsPE,
-      &m_flipActionUtilsPE,         &m_lookupActionUtilsPE,    &m_baseGripUtilsPE,
-      &m_polarGripUtilsPE,          &m_xYGripUtilsPE,          &m_linearGripUtilsPE,
-      &m_rotationGripUtilsPE,       &m_flipGripUtilsPE,        &m_visibilityGripUtilsPE,
-      &m_lookupGripUtilsPE,         &m_alignmentGripUtilsPE,   &m_dbCustBlockGraphUtilsPE};
+      &m_proxyElementUtilsPE,       &m_pointParameterUtilsPE,
+      &m_linearParameterUtilsPE,    &m_rotationParameterUtilsPE,
+      &m_polarParameterUtilsPE,     &m_xYParameterUtilsPE,
+      &m_flipParameterUtilsPE,      &m_visibilityParameterUtilsPE,
+      &m_lookupParameterUtilsPE,    &m_basePointParameterUtilsPE,
+      &m_alignmentParameterUtilsPE, &m_moveActionUtilsPE,
+      &m_stretchActionUtilsPE,      &m_scaleActionUtilsPE,
+      &m_rotateActionUtilsPE,       &m_polarStretchActionUtilsPE,
+      &m_arrayActionUtilsPE,        &m_flipActionUtilsPE,
+      &m_lookupActionUtilsPE,       &m_baseGripUtilsPE,
+      &m_polarGripUtilsPE,          &m_xYGripUtilsPE,
+      &m_linearGripUtilsPE,         &m_rotationGripUtilsPE,
+      &m_flipGripUtilsPE,           &m_visibilityGripUtilsPE,
+      &m_lookupGripUtilsPE,         &m_alignmentGripUtilsPE,
+      &m_dbCustBlockGraphUtilsPE};
   for (CJbCustBlockKindUtilsPE* utilities : ordered)
     AttachExtension(utilities->GetKindClass(), CJbCustBlockElementUtilsPE::desc(), utilities);
 }

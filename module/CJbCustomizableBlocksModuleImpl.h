@@ -21,6 +21,7 @@
 #include "module/properties/CJbPropertyPEImpl.h"
 #include "module/utilities/CJbCustBlockAlignmentGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
+#include "module/utilities/CJbCustBlockArrayActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockBaseGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockBasePointParameterUtilsPE.h"
 #include "module/utilities/CJbCustBlockFlipActionUtilsPE.h"
@@ -43,6 +44,7 @@
 #include "module/utilities/CJbCustBlockScaleActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockStretchActionUtilsPE.h"
 #include "module/utilities/CJbCustBlockVisibilityGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockVisibilityParameterUtilsPE.h"
 #include "module/utilities/CJbCustBlockXYGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockXYParameterUtilsPE.h"
 #include "module/utilities/CJbDbCustBlockGraphUtilsPE.h"
@@ -77,6 +79,7 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbCustBlockPolarParameterUtilsPE> m_polarParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockXYParameterUtilsPE> m_xYParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockFlipParameterUtilsPE> m_flipParameterUtilsPE;
+  OdStaticRxObject<CJbCustBlockVisibilityParameterUtilsPE> m_visibilityParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockLookupParameterUtilsPE> m_lookupParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockBasePointParameterUtilsPE> m_basePointParameterUtilsPE;
   OdStaticRxObject<CJbCustBlockAlignmentParameterUtilsPE> m_alignmentParameterUtilsPE;
@@ -85,6 +88,7 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbCustBlockScaleActionUtilsPE> m_scaleActionUtilsPE;
   OdStaticRxObject<CJbCustBlockRotateActionUtilsPE> m_rotateActionUtilsPE;
   OdStaticRxObject<CJbCustBlockPolarStretchActionUtilsPE> m_polarStretchActionUtilsPE;
+  OdStaticRxObject<CJbCustBlockArrayActionUtilsPE> m_arrayActionUtilsPE;
   OdStaticRxObject<CJbCustBlockFlipActionUtilsPE> m_flipActionUtilsPE;
   OdStaticRxObject<CJbCustBlockLookupActionUtilsPE> m_lookupActionUtilsPE;
   OdStaticRxObject<CJbCustBlockBaseGripUtilsPE> m_baseGripUtilsPE;

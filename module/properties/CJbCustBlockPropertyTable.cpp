@@ -1,6 +1,7 @@
 #include "module/properties/CJbCustBlockPropertyTable.h"
 
 #include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockArrayAction.h"
 #include "actions/CJbCustBlockFlipAction.h"
 #include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
@@ -18,6 +19,7 @@
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"
+#include "parameters/CJbCustBlockVisibilityParameter.h"
 #include "parameters/CJbCustBlockXYParameter.h"
 #include "parameters/grips/CJbCustBlockAlignmentGrip.h"
 #include "parameters/grips/CJbCustBlockBaseGrip.h"
@@ -75,6 +77,18 @@ CJbCustBlockProperty position(const char* name, OdGePoint3d (T::*get)() const,
       name, OdResBuf::kRtPoint3d, [get](const T& object) { return point((object.*get)()); },
       [set](T& object, const OdResBuf& value) {
         (object.*set)(value.getPoint3d());
+        return true;
+      });
+}
+
+// A length read and written through a pair of accessors.
+template <class T>
+CJbCustBlockProperty distance(const char* name, double (T::*get)() const, void (T::*set)(double)) {
+  return CJbCustBlockProperty::Of<T>(
+      name, OdResBuf::kRtDouble,
+      [get](const T& object) { return OdResBuf::newRb(OdResBuf::kRtDouble, (object.*get)()); },
+      [set](T& object, const OdResBuf& value) {
+        (object.*set)(value.getDouble());
         return true;
       });
 }
@@ -194,6 +208,8 @@ CJbCustBlockPropertyTable::Entry entry(Properties properties) {
 std::vector<CJbCustBlockPropertyTable::Entry> CJbCustBlockPropertyTable::Entries() {
   using Flip = CJbCustBlockFlipGrip;
   using Lookup = CJbCustBlockLookupParameter;
+  using Visibility = CJbCustBlockVisibilityParameter;
+  using Array = CJbCustBlockArrayAction;
   const auto real = OdResBuf::kRtDouble;
   const auto angle = OdResBuf::kRtAngle;
   return {
@@ -217,6 +233,11 @@ std::vector<CJbCustBlockPropertyTable::Entry> CJbCustBlockPropertyTable::Entries
                {valueProperty("X Distance", real, 0), valueProperty("Y Distance", real, 1)})),
       entry<CJbCustBlockFlipParameter>(
           with(twoPointProperties(), {valueProperty("Flipped", OdResBuf::kRtInt32, 0)})),
+      entry<Visibility>(with(parameterProperties(),
+                             {
+                                 valueProperty("State", OdResBuf::kRtInt32, 0),
+                                 number<Visibility>("States", &Visibility::GetStateCount),
+                             })),
       entry<Lookup>(with(parameterProperties(),
                          {
                              valueProperty("Row", OdResBuf::kRtInt32, 0),
@@ -237,6 +258,13 @@ std::vector<CJbCustBlockPropertyTable::Entry> CJbCustBlockPropertyTable::Entries
       entry<CJbCustBlockScaleAction>(actionProperties()),
       entry<CJbCustBlockRotateAction>(actionProperties()),
       entry<CJbCustBlockPolarStretchAction>(actionProperties()),
+      entry<Array>(
+          with(actionProperties(),
+               {
+                   distance<Array>("Column Distance", &Array::GetColumnDistance,
+                                   &Array::SetColumnDistance),
+                   distance<Array>("Row Distance", &Array::GetRowDistance, &Array::SetRowDistance),
+               })),
       entry<CJbCustBlockFlipAction>(actionProperties()),
       entry<CJbCustBlockLookupAction>(actionProperties()),
       entry<CJbCustBlockBaseGrip>(gripProperties()),
