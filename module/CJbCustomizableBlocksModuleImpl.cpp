@@ -176,13 +176,22 @@ void CJbCustomizableBlocksModuleImpl::AttachProperties() {
 }
 
 void CJbCustomizableBlocksModuleImpl::RegisterCommands() {
-  CJbCustBlockEditorCommand* const ordered[] = {
-      &m_commandBParameter,          &m_commandBParameterSet,
-      &m_commandBActionTool,         &m_commandBAction,
-      &m_commandBActionBar,          &m_commandBActionBarDelete,
-      &m_commandBActionBarNewSelSet, &m_commandBActionBarModifySelSet,
-      &m_commandBActionBarRename,    &m_commandBVMode,
-      &m_qtCommandBCycleOrder};
+  CJbCustBlockEditorCommand* const ordered[] = {&m_commandBParameter,
+                                                &m_commandBParameterSet,
+                                                &m_commandBActionTool,
+                                                &m_commandBAction,
+                                                &m_commandBActionBar,
+                                                &m_commandBActionBarDelete,
+                                                &m_commandBActionBarNewSelSet,
+                                                &m_commandBActionBarModifySelSet,
+                                                &m_commandBActionBarRename,
+                                                &m_commandBVMode,
+                                                &m_commandBVState,
+                                                &m_commandBVShow,
+                                                &m_commandBVHide,
+                                                &m_qtCommandBVState,
+                                                &m_qtCommandBLookupTable,
+                                                &m_qtCommandBCycleOrder};
   for (CJbCustBlockEditorCommand* command : ordered) {
     Step([command] { odedRegCmds()->addCommand(command); },
          [command] { odedRegCmds()->removeCmd(command->groupName(), command->globalName()); });

@@ -16,8 +16,13 @@
 #include "module/commands/CJbCommandBActionTool.h"
 #include "module/commands/CJbCommandBParameter.h"
 #include "module/commands/CJbCommandBParameterSet.h"
+#include "module/commands/CJbCommandBVHide.h"
 #include "module/commands/CJbCommandBVMode.h"
+#include "module/commands/CJbCommandBVShow.h"
+#include "module/commands/CJbCommandBVState.h"
 #include "module/commands/CJbQtCommandBCycleOrder.h"
+#include "module/commands/CJbQtCommandBLookupTable.h"
+#include "module/commands/CJbQtCommandBVState.h"
 #include "module/properties/CJbPropertyPEImpl.h"
 #include "module/utilities/CJbCustBlockAlignmentGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
@@ -114,6 +119,11 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbCommandBActionBarModifySelSet> m_commandBActionBarModifySelSet;
   OdStaticRxObject<CJbCommandBActionBarRename> m_commandBActionBarRename;
   OdStaticRxObject<CJbCommandBVMode> m_commandBVMode{m_draggingPreviewFactory};
+  OdStaticRxObject<CJbCommandBVState> m_commandBVState;
+  OdStaticRxObject<CJbCommandBVShow> m_commandBVShow;
+  OdStaticRxObject<CJbCommandBVHide> m_commandBVHide;
+  OdStaticRxObject<CJbQtCommandBVState> m_qtCommandBVState;
+  OdStaticRxObject<CJbQtCommandBLookupTable> m_qtCommandBLookupTable;
   OdStaticRxObject<CJbQtCommandBCycleOrder> m_qtCommandBCycleOrder;
   std::vector<std::function<void()>> m_undo;
 };

@@ -1,5 +1,6 @@
 #include "module/commands/CJbCustBlockEditorCommand.h"
 
+#include <cstdio>
 #include <sstream>
 
 #include "module/CJbCustBlockGraphLookup.h"
@@ -100,4 +101,45 @@ OdString CJbCustBlockEditorCommand::LabelOf(const CJbCustBlockElement* element) 
   const CJbCustBlockElementUtilsPEPtr utilities = CJbCustBlockElementUtilsPE::cast(
       element->isA()->getX(CJbCustBlockElementUtilsPE::desc()).get());
   return utilities.isNull() ? element->GetName() : utilities->GetLabel(element);
+}
+
+bool CJbCustBlockEditorCommand::AskMove(const char* prompt, unsigned count, unsigned& from,
+                                        unsigned& to) const {
+  const OdString answer = Ask(prompt);
+  if (answer.isEmpty()) return false;
+  if (std::sscanf(answer.c_str(), "%u,%u", &from, &to) != 2 || from < 1 || to < 1 || from > count ||
+      to > count) {
+    throw OdError(eInvalidInput,
+                  OdString::format("\"%s\" is no move; type two positions from 1 to %u as from,to",
+                                   answer.c_str(), count)
+                      .str());
+  }
+  --from;
+  --to;
+  return true;
+}
+
+CJbCustBlockVisibilityParameterPtr CJbCustBlockEditorCommand::VisibilityParameterOf(
+    const CJbDbCustBlockGraph* graph) {
+  for (int id : graph->GetAllNodeIds()) {
+    const CJbCustBlockVisibilityParameterPtr parameter =
+        CJbCustBlockVisibilityParameter::cast(graph->GetNode(id).get());
+    if (!parameter.isNull()) return parameter;
+  }
+  throw OdError(eKeyNotFound, "the block has no visibility states");
+}
+
+void CJbCustBlockEditorCommand::ChangeHiddenEntities(bool hide) const {
+  const CJbDbCustBlockGraphPtr graph = AskGraph(OdDb::kForWrite);
+  const CJbCustBlockVisibilityParameterPtr parameter = VisibilityParameterOf(graph.get());
+  const unsigned state = parameter->GetBlockEditorState();
+  OdArray<OdDbObjectId> hidden = parameter->GetDefinedHiddenEntities(state);
+  for (const OdDbObjectId& id : AskEntities("Entity handles:")) {
+    if (hide && !hidden.contains(id)) hidden.append(id);
+    if (!hide) hidden.remove(id);
+  }
+  parameter->SetDefinedHiddenEntities(state, hidden);
+  parameter->ForceHideEntitiesForBlockEditorState();
+  Tell(OdString::format("%s hides %u entities.", parameter->GetStateName(state).c_str(),
+                        static_cast<unsigned>(hidden.length())));
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/CJbDbCustBlockGraph.h"
+#include "parameters/CJbCustBlockVisibilityParameter.h"
 #include "platform/host/CJbCustBlockElementUtilsPE.h"
 #include "platform/host/OdEdCommand.h"
 
@@ -41,6 +42,13 @@ class CJbCustBlockEditorCommand : public OdEdCommand {
   OdRxClass* AskKind(const char* prompt, CJbCustBlockElementUtilsPE::Family family) const;
   // Entities given by their handles; eKeyNotFound for a handle the drawing does not have.
   OdDbObjectIdArray AskEntities(const char* prompt) const;
+  // A move "from,to" of positions 1 to count, given back from 0; false for an empty answer,
+  // eInvalidInput for anything else that is no such move.
+  bool AskMove(const char* prompt, unsigned count, unsigned& from, unsigned& to) const;
+  // The block's one visibility parameter; eKeyNotFound when it has none.
+  static CJbCustBlockVisibilityParameterPtr VisibilityParameterOf(const CJbDbCustBlockGraph* graph);
+  // Hides (or shows) the entities the user names in the visibility state being edited.
+  void ChangeHiddenEntities(bool hide) const;
   // The element's label from its utilities, or its name.
   static OdString LabelOf(const CJbCustBlockElement* element);
 

@@ -31,7 +31,8 @@ std::vector<std::string> moduleClasses() {
 const std::vector<std::string> kModuleCommands = {
     "CBELEMENT",        "CBELEMENTSET",     "CBACTIVITYTOOL",         "CBACTIVITY",
     "CBACTIVITYICON",   "CBREMOVEACTIVITY", "CBNEWACTIVITYSELECTION", "CBMODIFYACTIVITYSELECTION",
-    "CBRENAMEACTIVITY", "BVMODE",           "CBCYCLEORDER",
+    "CBRENAMEACTIVITY", "BVMODE",           "-CBVISIBILITY",          "CBSHOW",
+    "CBHIDE",           "CBVISIBILITY",     "CBVALUETABLE",           "CBCYCLEORDER",
 };
 
 std::vector<std::string> registeredClassNames() {
