@@ -1,11 +1,11 @@
 #include "module/commands/CJbCommandBVState.h"
 
 namespace {
-// The state of that name; eKeyNotFound otherwise.
+// The state of that name, ignoring case as state names do; eKeyNotFound otherwise.
 unsigned stateNamed(const CJbCustBlockVisibilityParameter& parameter, const OdString& name) {
-  const int state = parameter.GetStateIndex(name);
-  if (state < 0) throw OdError(eKeyNotFound, "there is no visibility state \"" + name.str() + "\"");
-  return static_cast<unsigned>(state);
+  for (unsigned state = 0; state < parameter.GetStateCount(); ++state)
+    if (parameter.GetStateName(state).iEquals(name)) return state;
+  throw OdError(eKeyNotFound, "there is no visibility state \"" + name.str() + "\"");
 }
 }  // namespace
 

@@ -5,6 +5,7 @@
 
 #include "module/CJbCustBlockGraphLookup.h"
 #include "platform/db/OdDbDatabase.h"
+#include "platform/db/OdDbEntity.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/host/OdEdUserIO.h"
 #include "platform/rx/OdRxClassDictionary.h"
@@ -134,12 +135,18 @@ void CJbCustBlockEditorCommand::ChangeHiddenEntities(bool hide) const {
   const CJbCustBlockVisibilityParameterPtr parameter = VisibilityParameterOf(graph.get());
   const unsigned state = parameter->GetBlockEditorState();
   OdArray<OdDbObjectId> hidden = parameter->GetDefinedHiddenEntities(state);
-  for (const OdDbObjectId& id : AskEntities("Entity handles:")) {
+  const OdDbObjectIdArray named = AskEntities("Entity handles:");
+  for (const OdDbObjectId& id : named) {
     if (hide && !hidden.contains(id)) hidden.append(id);
     if (!hide) hidden.remove(id);
   }
   parameter->SetDefinedHiddenEntities(state, hidden);
   parameter->ForceHideEntitiesForBlockEditorState();
+  // Entities no state hides any more are not among those the states show again.
+  for (const OdDbObjectId& id : hide ? OdDbObjectIdArray() : named) {
+    const OdDbEntityPtr entity = OdDbEntity::cast(id.openObject(OdDb::kForWrite).get());
+    if (!entity.isNull()) entity->setVisibility(OdDb::kVisible);
+  }
   Tell(OdString::format("%s hides %u entities.", parameter->GetStateName(state).c_str(),
                         static_cast<unsigned>(hidden.length())));
 }

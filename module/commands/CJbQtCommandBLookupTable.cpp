@@ -9,9 +9,13 @@ void CJbQtCommandBLookupTable::Run() {
   const OdSmartPtr<CJbCustBlockLookupParameter> table = CJbCustBlockLookupParameter::cast(
       AskElement(graph.get(), "Lookup element name:", CJbCustBlockLookupParameter::desc()).get());
   ShowTable(graph.get(), table.get());
-  for (OdString answer = Ask("Row name to add, or row,column=value (empty ends):");
-       !answer.isEmpty(); answer = Ask("Row name to add, or row,column=value (empty ends):")) {
-    if (answer.find('=') >= 0) {
+  const char* prompt =
+      "+Element[value] adds a column, a name adds a row, row,column=value sets a "
+      "cell (empty ends):";
+  for (OdString answer = Ask(prompt); !answer.isEmpty(); answer = Ask(prompt)) {
+    if (answer.getAt(0) == '+') {
+      AddColumn(graph.get(), table.get(), answer.mid(1));
+    } else if (answer.find('=') >= 0) {
       SetCell(graph.get(), table.get(), answer);
     } else {
       table->SetStateName(table->AddState(), answer);
@@ -57,4 +61,24 @@ void CJbQtCommandBLookupTable::SetCell(const CJbDbCustBlockGraph* graph,
   if (value.isNull() || !table->SetParameterValue(column - 1, row - 1, value))
     throw OdError(eInvalidInput,
                   "\"" + text.str() + "\" is no value for column " + std::to_string(column));
+}
+
+void CJbQtCommandBLookupTable::AddColumn(const CJbDbCustBlockGraph* graph,
+                                         CJbCustBlockLookupParameter* table,
+                                         const OdString& answer) const {
+  OdString name = answer;
+  unsigned valueIndex = 0;
+  const int bracket = answer.find('[');
+  if (bracket >= 0) {
+    name = answer.left(bracket);
+    if (std::sscanf(answer.c_str() + bracket, "[%u]", &valueIndex) != 1)
+      throw OdError(eInvalidInput, "\"" + answer.str() + "\" is no column; type +Element[value]");
+  }
+  for (int id : graph->GetAllNodeIds()) {
+    if (!graph->GetNode(id)->GetName().iEquals(name)) continue;
+    if (!table->AddParameterId(id, valueIndex))
+      throw OdError(eInvalidInput, "\"" + answer.str() + "\" gives the table no new column");
+    return;
+  }
+  throw OdError(eKeyNotFound, "the block has no element \"" + name.str() + "\"");
 }

@@ -73,6 +73,20 @@ class EditorCommands : public ::testing::Test {
     return names;
   }
 
+  // A line in the block DOOR, hidden when asked.
+  OdDbObjectId addLine(bool hidden = false) {
+    OdDbLinePtr line = OdDbLine::createObject();
+    if (hidden) line->setVisibility(OdDb::kInvisible);
+    return OdDbBlockTableRecord::cast(doorId().safeOpenObject(OdDb::kForWrite).get())
+        ->appendOdDbEntity(line.get());
+  }
+  OdDbObjectId doorId() {
+    return OdDbBlockTable::cast(db->getBlockTableId().safeOpenObject().get())->getAt("DOOR");
+  }
+  bool isVisible(const OdDbObjectId& id) {
+    return OdDbEntity::cast(id.safeOpenObject().get())->visibility() == OdDb::kVisible;
+  }
+
   OdDbDatabasePtr db;
   ScriptedUser user;
 };
@@ -112,18 +126,12 @@ TEST_F(EditorCommands, AddRenameListAndRemoveElementsAndActivities) {
 }
 
 TEST_F(EditorCommands, SelectionsCyclingOrderAndHiddenEntities) {
-  OdDbObjectId lineId, hiddenId, referenceId;
+  const OdDbObjectId lineId = addLine();
+  const OdDbObjectId hiddenId = addLine(true);
+  OdDbObjectId referenceId;
   {
-    const OdDbObjectId blockId =
-        OdDbBlockTable::cast(db->getBlockTableId().safeOpenObject().get())->getAt("DOOR");
-    OdDbBlockTableRecordPtr block =
-        OdDbBlockTableRecord::cast(blockId.safeOpenObject(OdDb::kForWrite).get());
-    lineId = block->appendOdDbEntity(OdDbLine::createObject().get());
-    OdDbLinePtr hidden = OdDbLine::createObject();
-    hidden->setVisibility(OdDb::kInvisible);
-    hiddenId = block->appendOdDbEntity(hidden.get());
     OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
-    reference->setBlockTableRecord(blockId);
+    reference->setBlockTableRecord(doorId());
     referenceId =
         OdDbBlockTableRecord::cast(db->getModelSpaceId().safeOpenObject(OdDb::kForWrite).get())
             ->appendOdDbEntity(reference.get());
@@ -156,4 +164,52 @@ TEST_F(EditorCommands, SelectionsCyclingOrderAndHiddenEntities) {
   EXPECT_EQ(preview(), OdArray<OdDbObjectId>({lineId, hiddenId}));
   EXPECT_OD_ERROR(run("BVMODE", {"2"}), eInvalidInput);
   run("BVMODE", {"0"});
+}
+
+TEST_F(EditorCommands, VisibilityStatesHideAndShowEntitiesOfTheBlock) {
+  const OdDbObjectId door = addLine();
+  const std::string handle = door.getHandle().ascii().str();
+  // A new visibility element has no states yet.
+  EXPECT_EQ(run("-CBVISIBILITY", {"DOOR", "New", "Open"}),
+            std::vector<std::string>({"Added Open."}));
+  EXPECT_EQ(run("-CBVISIBILITY", {"DOOR", "n", "Closed"}),
+            std::vector<std::string>({"* Open", "Added Closed."}));
+  const std::string open = "Open";
+  run("-CBVISIBILITY", {"DOOR", "Set", "closed"});
+  EXPECT_EQ(run("CBHIDE", {"DOOR", handle.c_str()}),
+            std::vector<std::string>({"Closed hides 1 entities."}));
+  EXPECT_FALSE(isVisible(door));
+  // Back in the first state the entity shows again; the closed state still hides it.
+  run("-CBVISIBILITY", {"DOOR", "S", open.c_str()});
+  EXPECT_TRUE(isVisible(door));
+  EXPECT_EQ(run("CBVISIBILITY", {"DOOR", "2,1"}),
+            std::vector<std::string>({"1: " + open + " hides 0 entities and 0 elements",
+                                      "2: Closed hides 1 entities and 0 elements"}));
+  EXPECT_EQ(run("-CBVISIBILITY", {"DOOR", "Set", "Closed"})[0], "  Closed");
+  EXPECT_FALSE(isVisible(door));
+  EXPECT_EQ(run("CBSHOW", {"DOOR", handle.c_str()}),
+            std::vector<std::string>({"Closed hides 0 entities."}));
+  EXPECT_TRUE(isVisible(door));
+
+  run("-CBVISIBILITY", {"DOOR", "Rename", "Closed", "Shut"});
+  EXPECT_OD_ERROR(run("-CBVISIBILITY", {"DOOR", "Rename", "Shut", open.c_str()}),
+                  eDuplicateRecordName);
+  run("-CBVISIBILITY", {"DOOR", "Delete", "Shut"});
+  EXPECT_OD_ERROR(run("-CBVISIBILITY", {"DOOR", "Delete", open.c_str()}), eNotApplicable);
+  EXPECT_OD_ERROR(run("-CBVISIBILITY", {"DOOR", "Set", "Shut"}), eKeyNotFound);
+  EXPECT_OD_ERROR(run("-CBVISIBILITY", {"DOOR", "Toggle"}), eInvalidInput);
+}
+
+TEST_F(EditorCommands, TheValueTableTakesColumnsRowsAndTypedCells) {
+  const std::vector<std::string> table =
+      run("CBVALUETABLE", {"DOOR", "Lookup1", "+Linear1", "+Rotation1[0]", "Narrow", "Wide",
+                           "1,1=2.5", "2,2=90", "2,1=4", ""});
+  ASSERT_GE(table.size(), 3u);
+  EXPECT_EQ(std::vector<std::string>(table.end() - 3, table.end()),
+            std::vector<std::string>(
+                {"Row | Linear1[0] | Rotation1[0]", "Narrow | 2.5 | ", "Wide | 4 | 90°"}));
+  EXPECT_OD_ERROR(run("CBVALUETABLE", {"DOOR", "Lookup1", "1,1=wide"}), eInvalidInput);
+  EXPECT_OD_ERROR(run("CBVALUETABLE", {"DOOR", "Lookup1", "3,1=1"}), eInvalidInput);
+  EXPECT_OD_ERROR(run("CBVALUETABLE", {"DOOR", "Lookup1", "+Linear1"}), eInvalidInput);
+  EXPECT_OD_ERROR(run("CBVALUETABLE", {"DOOR", "Lookup1", "+Door[0]"}), eKeyNotFound);
 }
