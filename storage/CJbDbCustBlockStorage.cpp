@@ -83,11 +83,17 @@ bool nextGroupIs(OdDbDxfFiler* filer, int code) {
 }
 
 // Renames the clone of one block "*U" as the clone operation that made it starts translating, so
-// that the block table numbers it as the next anonymous block.
-class BlockTableRecordCloner : public OdRxEventReactor {
+// that the block table numbers it as the next anonymous block. Listens to the event hub for its
+// own lifetime.
+class BlockTableRecordCloner : public OdStaticRxObject<OdRxEventReactor> {
  public:
   BlockTableRecordCloner(const OdDbObjectId& blockId, const OdDbIdMapping* mapping)
-      : m_blockId(blockId), m_mapping(mapping) {}
+      : m_blockId(blockId), m_mapping(mapping) {
+    odrxEvent()->addReactor(this);
+  }
+  ~BlockTableRecordCloner() override { odrxEvent()->removeReactor(this); }
+  BlockTableRecordCloner(const BlockTableRecordCloner&) = delete;
+  BlockTableRecordCloner& operator=(const BlockTableRecordCloner&) = delete;
 
   void beginDeepCloneXlation(OdDbIdMapping& mapping) override {
     if (&mapping != m_mapping) return;
@@ -99,20 +105,6 @@ class BlockTableRecordCloner : public OdRxEventReactor {
  private:
   OdDbObjectId m_blockId;
   const OdDbIdMapping* m_mapping;
-};
-
-// Registered with the event hub for the life of the scope.
-class ScopedEventReactor {
- public:
-  explicit ScopedEventReactor(OdRxEventReactor* reactor) : m_reactor(reactor) {
-    odrxEvent()->addReactor(reactor);
-  }
-  ~ScopedEventReactor() { odrxEvent()->removeReactor(m_reactor); }
-  ScopedEventReactor(const ScopedEventReactor&) = delete;
-  ScopedEventReactor& operator=(const ScopedEventReactor&) = delete;
-
- private:
-  OdRxEventReactor* m_reactor;
 };
 
 // Instance state uses in-memory result types; its record keeps them under the DXF group codes of
@@ -296,10 +288,18 @@ bool CJbDbCustBlockStorage::AppendMasterBlock(const OdDbObjectId& blockId, OdDbO
   return true;
 }
 
+bool CJbDbCustBlockStorage::HasState(const OdDbObjectId& blockId) const {
+  assertReadEnabled();
+  const CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
+  if (!entry) return false;
+  if (!openAs<OdDbXrecord>(entry->customDataId, OdDb::kForRead).isNull()) return true;
+  const CustBlockStorageEntry* master = m_pImpl->FindMaster(blockId);
+  return master && !openAs<CJbDbCustBlockGraph>(master->graphId, OdDb::kForRead).isNull();
+}
+
 bool CJbDbCustBlockStorage::CreateBlockInstance(const OdDbObjectId& blockId,
                                                 OdDbObjectId& newBlockId) {
-  OdResBufPtr chain;
-  if (!GetCustomData(blockId, chain) || !database()) return false;
+  if (!HasState(blockId) || !database()) return false;
   OdDbObjectId masterId, graphId;
   if (!GetMasterBlockId(blockId, masterId) || !GetMasterBlockGraphId(blockId, graphId))
     return false;
@@ -461,8 +461,7 @@ OdDbObjectId CJbDbCustBlockStorage::CopyBlockTableRecord(const OdDbObjectId& blo
     return OdDbObjectId::kNull;
   {
     const CJbCustBlockDeepCloneReactor::Suspension ownCopy;
-    OdStaticRxObject<BlockTableRecordCloner> cloner(blockId, mapping.get());
-    const ScopedEventReactor registration(&cloner);
+    const BlockTableRecordCloner cloner(blockId, mapping.get());
     blockId.database()->deepCloneObjects(OdDbObjectIdArray{blockId}, tableId, *mapping, false);
   }
   const OdDbObjectId cloneId = cloneOf(*mapping, blockId);

@@ -28,11 +28,8 @@ class StorageFilingTest : public StorageTest {
   void SetUp() override {
     StorageTest::SetUp();
     door = addDoor("Door");
-    for (int i = 0; i < 3; ++i) {
-      const OdDbObjectId reference = addReference(db->getModelSpaceId(), door);
-      if (i < 2) dragWidth(reference, OdGeVector3d(5.0 * (i + 1), 0, 0));
+    for (const OdDbObjectId& reference : addReferences(3, 2))
       blocks.push_back(blockOf(reference));
-    }
     storage(OdDb::kForWrite)->GetMasterBlockGraphId(door, graph);
   }
 
