@@ -3,6 +3,7 @@
 
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
@@ -118,26 +119,33 @@ const StateCode kStateCodes[] = {
     {OdResBuf::kRtPoint3d, 10}, {OdResBuf::kRtInt32, 90},
 };
 
-void recode(OdResBuf* chain, bool toGroupCodes) {
-  for (OdResBuf* item = chain; item; item = item->next().get()) {
+OdResBufPtr stateOf(const OdDbXrecord* record) {
+  OdResBufPtr chain = record->rbChain();
+  for (OdResBuf* item = chain.get(); item; item = item->next().get()) {
     for (const StateCode& code : kStateCodes) {
-      if (item->restype() != (toGroupCodes ? code.resultType : code.groupCode)) continue;
-      item->setRestype(toGroupCodes ? code.groupCode : code.resultType);
+      if (item->restype() != code.groupCode) continue;
+      item->setRestype(code.resultType);
       break;
     }
   }
-}
-
-OdResBufPtr recordItems(const OdResBuf* chain) {
-  OdResBufPtr items = chain ? chain->copyChain() : OdResBufPtr();
-  recode(items.get(), true);
-  return items;
-}
-
-OdResBufPtr stateOf(const OdDbXrecord* record) {
-  OdResBufPtr chain = record->rbChain();
-  recode(chain.get(), false);
   return chain;
+}
+
+// The record takes a copy of the chain; the chain is recoded for that and given back as it was.
+OdResult storeState(OdDbXrecord* record, OdResBuf* chain) {
+  std::vector<std::pair<OdResBuf*, int>> recoded;
+  for (OdResBuf* item = chain; item; item = item->next().get()) {
+    for (const StateCode& code : kStateCodes) {
+      if (item->restype() != code.resultType) continue;
+      recoded.emplace_back(item, code.resultType);
+      item->setRestype(code.groupCode);
+      break;
+    }
+  }
+  const OdResult result = record->setFromRbChain(chain);
+  for (const auto& item : recoded)
+    item.first->setRestype(item.second);
+  return result;
 }
 
 // The trailing format version of a state chain, or -1 when it has none.
@@ -329,8 +337,7 @@ bool CJbDbCustBlockStorage::CreateBlockInstance(const OdDbObjectId& blockId,
 
 OdDbObjectId CJbDbCustBlockStorage::AddCustomDataRecord(const OdResBufPtr& chain) {
   OdDbXrecordPtr record = OdDbXrecord::createObject();
-  if (!database() || record->setFromRbChain(recordItems(chain.get()).get()) != eOk)
-    return OdDbObjectId::kNull;
+  if (!database() || storeState(record.get(), chain.get()) != eOk) return OdDbObjectId::kNull;
   const OdDbObjectId id = database()->addOdDbObject(record.get());
   record->setOwnerId(objectId());
   return id;
@@ -341,7 +348,7 @@ bool CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& blockId, OdResBufP
   CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
   if (!entry) return false;
   if (OdDbXrecordPtr record = openAs<OdDbXrecord>(entry->customDataId, OdDb::kForWrite))
-    return record->setFromRbChain(recordItems(chain.get()).get()) == eOk;
+    return storeState(record.get(), chain.get()) == eOk;
   assertWriteEnabled();
   const OdDbObjectId recordId = AddCustomDataRecord(chain);
   if (recordId.isNull()) return false;
