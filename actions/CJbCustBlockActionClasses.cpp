@@ -2,8 +2,13 @@
 #include "actions/CJbCustBlockActionClasses.h"
 
 #include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockArrayAction.h"
+#include "actions/CJbCustBlockFlipAction.h"
+#include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
+#include "actions/CJbCustBlockRotateAction.h"
+#include "actions/CJbCustBlockScaleAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
 
 void CJbCustBlockActionClasses::RxInit() {
@@ -11,9 +16,19 @@ void CJbCustBlockActionClasses::RxInit() {
   CJbCustBlockMoveAction::rxInit();
   CJbCustBlockStretchAction::rxInit();
   CJbCustBlockPolarStretchAction::rxInit();
+  CJbCustBlockScaleAction::rxInit();
+  CJbCustBlockRotateAction::rxInit();
+  CJbCustBlockArrayAction::rxInit();
+  CJbCustBlockFlipAction::rxInit();
+  CJbCustBlockLookupAction::rxInit();
 }
 
 void CJbCustBlockActionClasses::RxUninit() {
+  CJbCustBlockLookupAction::rxUninit();
+  CJbCustBlockFlipAction::rxUninit();
+  CJbCustBlockArrayAction::rxUninit();
+  CJbCustBlockRotateAction::rxUninit();
+  CJbCustBlockScaleAction::rxUninit();
   CJbCustBlockPolarStretchAction::rxUninit();
   CJbCustBlockStretchAction::rxUninit();
   CJbCustBlockMoveAction::rxUninit();

@@ -6,11 +6,14 @@
 #include "parameters/CJbCustBlock2PointParameter.h"
 #include "parameters/CJbCustBlockAlignmentParameter.h"
 #include "parameters/CJbCustBlockBasePointParameter.h"
+#include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
+#include "parameters/CJbCustBlockLookupParameter.h"
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"
+#include "parameters/CJbCustBlockVisibilityParameter.h"
 #include "parameters/CJbCustBlockXYParameter.h"
 #include "parameters/grips/CJbCustBlockAlignmentGrip.h"
 #include "parameters/grips/CJbCustBlockBaseGrip.h"
@@ -43,8 +46,11 @@ const ClassRegistration kParameterClasses[] = {
     registration<CJbCustBlockRotationParameter>(),
     registration<CJbCustBlockPolarParameter>(),
     registration<CJbCustBlockXYParameter>(),
+    registration<CJbCustBlockVisibilityParameter>(),
     registration<CJbCustBlockBasePointParameter>(),
     registration<CJbCustBlockAlignmentParameter>(),
+    registration<CJbCustBlockFlipParameter>(),
+    registration<CJbCustBlockLookupParameter>(),
     registration<CJbCustBlockBaseGrip>(),
     registration<CJbCustBlockPolarGrip>(),
     registration<CJbCustBlockXYGrip>(),
