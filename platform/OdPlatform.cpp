@@ -14,6 +14,7 @@
 #include "platform/db/OdDbDwgFiler.h"
 #include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/OdDbEntity.h"
+#include "platform/db/OdDbGripPointsPE.h"
 #include "platform/db/OdDbIdMapping.h"
 #include "platform/db/OdDbIdMappingIter.h"
 #include "platform/db/OdDbLayerTable.h"
@@ -86,6 +87,7 @@ const ClassRegistration kPlatformClasses[] = {
     {&DxfFileInfo::rxInit, &DxfFileInfo::rxUninit},
     {&OdDbObjectReactor::rxInit, &OdDbObjectReactor::rxUninit},
     {&OdRxEventReactor::rxInit, &OdRxEventReactor::rxUninit},
+    {&OdDbGripPointsPE::rxInit, &OdDbGripPointsPE::rxUninit},
     {&OdRxEvent::rxInit, &OdRxEvent::rxUninit},
     {&OdDbIdMapping::rxInit, &OdDbIdMapping::rxUninit},
     {&OdDbIdMappingIter::rxInit, &OdDbIdMappingIter::rxUninit},
