@@ -76,6 +76,11 @@ std::string DxfFileWriter::write() {
   m_filer->startWriting(m_writer.get(), !m_options.binary);
 
   plan();
+  // Records take about this much on average in drawings of simple entities.
+  constexpr std::size_t kTextBytesPerObject = 224;
+  constexpr std::size_t kBinaryBytesPerObject = 150;
+  m_writer->reserve(m_db->numObjects() *
+                    (m_options.binary ? kBinaryBytesPerObject : kTextBytesPerObject));
   writeHeader();
   writeClasses();
   writeTables();
