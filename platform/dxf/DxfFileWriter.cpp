@@ -53,9 +53,13 @@ DxfFileWriter::DxfFileWriter(OdDbDatabase* database, const DxfWriteOptions& opti
 }
 
 OdString DxfFileWriter::dxfNameOf(const OdDbObject* object) {
-  if (const auto* unknown = OdDbUnknownObject::cast(object).get()) return unknown->dxfRecordName();
-  if (const auto* unknown = OdDbUnknownEntity::cast(object).get()) return unknown->dxfRecordName();
-  for (const OdRxClass* cls = object->isA(); cls; cls = cls->myParent())
+  // Unknown records have no subclasses: the class itself tells them, without a walk up.
+  const OdRxClass* own = object->isA();
+  if (own == OdDbUnknownObject::desc())
+    return static_cast<const OdDbUnknownObject*>(object)->dxfRecordName();
+  if (own == OdDbUnknownEntity::desc())
+    return static_cast<const OdDbUnknownEntity*>(object)->dxfRecordName();
+  for (const OdRxClass* cls = own; cls; cls = cls->myParent())
     if (!cls->dxfName().isEmpty()) return cls->dxfName();
   throw OdError(eNotApplicable, object->describe().str() + " has no DXF record name");
 }
