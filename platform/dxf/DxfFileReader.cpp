@@ -785,6 +785,11 @@ void DxfFileReader::keepSection(const OdString& name) {
 
 OdDbObjectPtr DxfFileReader::createRecord(bool entity) {
   const OdString name = headName();
+  // Kept as an unknown record, a structure name would end a section or block when written.
+  static const char* const kStructure[] = {"SECTION", "ENDSEC", "EOF",    "TABLE",
+                                           "ENDTAB",  "BLOCK",  "ENDBLK", "CLASS"};
+  for (const char* structure : kStructure)
+    if (m_head.is(0, structure)) fail(m_head, "but a " + name.str() + " record cannot stand here");
   OdRxClass* cls = nullptr;
   if (name == "POLYLINE") {
     if (hasMarker(m_tags, "AcDb2dPolyline")) cls = OdDb2dPolyline::desc();
