@@ -170,19 +170,12 @@ bool CJbCustBlockLookupParameter::Evaluate(CJbDbCustBlockGraphEvaluationContext*
 }
 
 void CJbCustBlockLookupParameter::TakeGripRequest() {
-  const CJbCustBlockLookupParameterImpl& impl = *LookupImpl();
-  if (!impl.m_graph) return;
-  OdArray<int> connected;
-  GetConnections(connected, true, true);
-  for (int id : connected) {
-    const CJbCustBlockLookupGripPtr grip =
-        CJbCustBlockLookupGrip::cast(impl.m_graph->GetNode(id).get());
-    if (grip.isNull() || !grip->NeedEvaluate()) continue;
-    const int requested = grip->GetState();
-    grip->ResetState();
-    if (requested >= 0 && static_cast<unsigned>(requested) < impl.m_states.size())
-      SetUpdatedState(requested);
-  }
+  const CJbCustBlockLookupGripPtr grip = CJbCustBlockLookupGrip::cast(GripNode(0).get());
+  if (grip.isNull() || !grip->NeedEvaluate()) return;
+  const int requested = grip->GetState();
+  grip->ResetState();
+  if (requested >= 0 && static_cast<unsigned>(requested) < LookupImpl()->m_states.size())
+    SetUpdatedState(requested);
 }
 
 bool CJbCustBlockLookupParameter::EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) {

@@ -26,8 +26,8 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   static bool IsSameValueKind(const OdResBuf* a, const OdResBuf* b);
 
   OdString GetBaseName() const override;
-  // Takes a row requested through a connected lookup grip; after a redefinition it reconnects its
-  // actions to the columns' parameters.
+  // Takes a row requested through its grip; after a redefinition it reconnects its actions to the
+  // columns' parameters.
   bool Evaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
   // Ends the row request.
   bool EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
@@ -102,7 +102,7 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   // The parameter a column names, or null when the graph holds none under that id.
   CJbCustBlockParameterPtr ColumnParameter(unsigned column) const;
   void SetUpdatedState(int state);
-  // Takes the state a connected lookup grip requests and ends the request.
+  // Takes the state the grip of point 0 requests and ends the request.
   void TakeGripRequest();
 };
 

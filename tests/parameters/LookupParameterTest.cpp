@@ -94,14 +94,16 @@ TEST_F(LookupParameterTest, ARequestedRowStandsUntilTheEvaluationEnds) {
   EXPECT_FALSE(lookup->SetValue(0, row(1)));
   EXPECT_FALSE(lookup->NeedEvaluate());
 
-  // A lookup grip's request becomes the parameter's during evaluation.
+  // The grip shows the parameter's row; its request becomes the parameter's during evaluation.
   lookup->SetReadOnly(false);
   auto grip = add<CJbCustBlockLookupGrip>();
-  grip->AddConnection(lookup->GetElementId(), false, true);
+  bind(lookup.get(), 0, grip.get());
+  EXPECT_EQ(grip->GetState(), 0);
   grip->SetState(1);
   EXPECT_TRUE(lookup->Evaluate(&context));
   EXPECT_FALSE(grip->NeedEvaluate());
   EXPECT_EQ(lookup->GetUpdatedState(), 1);
+  EXPECT_EQ(grip->GetState(), 1);
 }
 
 TEST_F(LookupParameterTest, EditingRefusesWhatDoesNotFitAndKeepsCellsWithTheirRowAndColumn) {
