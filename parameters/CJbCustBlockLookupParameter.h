@@ -26,8 +26,8 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   static bool IsSameValueKind(const OdResBuf* a, const OdResBuf* b);
 
   OdString GetBaseName() const override;
-  // Takes a row requested through its grip; after a redefinition it reconnects its actions to the
-  // columns' parameters.
+  // Takes a row requested through its grip; after a redefinition it connects the columns'
+  // parameters again.
   bool Evaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
   // Ends the row request.
   bool EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
@@ -90,10 +90,10 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   // What a block reference shows: the matched row's name, else the unmatched state name.
   OdString GetCurrentStateName() const;
 
-  // Connects every action of this parameter to the parameters the columns name (and to no other
-  // parameter), so that those parameters and their own actions are evaluated after a row is
-  // written. Column edits call it; an editor that attaches an action afterwards calls it too.
-  void UpdateActionConnections();
+  // Feeds the parameters the columns name, after this parameter's actions, so that a row the
+  // action writes reaches them and their own actions in the same evaluation. Column edits call it;
+  // an editor that attaches an action to a table with columns calls it again.
+  void UpdateColumnConnections();
 
  private:
   CJbCustBlockLookupParameterImpl* LookupImpl() const;

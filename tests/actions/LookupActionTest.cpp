@@ -189,6 +189,7 @@ TEST_F(LookupActionTest, InstanceStateAndDrawingFilesKeepTheTableAndItsChoice) {
       CJbCustBlockLookupAction::cast(loaded->GetNode(actionId).get());
   ASSERT_FALSE(writer.isNull());
   EXPECT_EQ(writer->GetParameter(), lookupId);
-  EXPECT_TRUE(writer->HasConnection(widthId, false, true));
-  EXPECT_TRUE(writer->HasConnection(heightId, false, true));
+  OdArray<int> fed;
+  table->GetConnections(fed, false, true);
+  EXPECT_EQ(fed, (OdArray<int>{actionId, widthId, heightId}));
 }
