@@ -174,7 +174,8 @@ void CJbCustBlockLookupParameter::TakeGripRequest() {
   if (grip.isNull() || !grip->NeedEvaluate()) return;
   const int requested = grip->GetState();
   grip->ResetState();
-  if (requested >= 0 && static_cast<unsigned>(requested) < LookupImpl()->m_states.size())
+  if (!IsReadOnly() && requested >= 0 &&
+      static_cast<unsigned>(requested) < LookupImpl()->m_states.size())
     SetUpdatedState(requested);
 }
 
@@ -186,7 +187,7 @@ bool CJbCustBlockLookupParameter::EndEvaluate(CJbDbCustBlockGraphEvaluationConte
 
 bool CJbCustBlockLookupParameter::NeedEvaluate() const {
   AssertReadEnabled();
-  return LookupImpl()->m_updatePending;
+  return LookupImpl()->m_updatePending || CJbCustBlockParameter::NeedEvaluate();
 }
 
 bool CJbCustBlockLookupParameter::IsValid() const {

@@ -26,12 +26,12 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   static bool IsSameValueKind(const OdResBuf* a, const OdResBuf* b);
 
   OdString GetBaseName() const override;
-  // Takes a row requested through its grip; after a redefinition it connects the columns'
-  // parameters again.
+  // Takes a row requested through its grip unless the table is read-only; after a redefinition it
+  // connects the columns' parameters again.
   bool Evaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
   // Ends the row request.
   bool EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
-  // A row has been requested and not yet applied.
+  // A row has been requested and not yet applied, or the grip's point has moved.
   bool NeedEvaluate() const override;
   // An action to write rows, and a table with at least one column and one row.
   bool IsValid() const override;

@@ -94,11 +94,15 @@ TEST_F(LookupParameterTest, ARequestedRowStandsUntilTheEvaluationEnds) {
   EXPECT_FALSE(lookup->SetValue(0, row(1)));
   EXPECT_FALSE(lookup->NeedEvaluate());
 
-  // The grip shows the parameter's row; its request becomes the parameter's during evaluation.
-  lookup->SetReadOnly(false);
+  // The grip shows the parameter's row; its request becomes the parameter's during evaluation,
+  // unless the table is read-only.
   auto grip = add<CJbCustBlockLookupGrip>();
   bind(lookup.get(), 0, grip.get());
   EXPECT_EQ(grip->GetState(), 0);
+  grip->SetState(1);
+  EXPECT_TRUE(lookup->Evaluate(&context));
+  EXPECT_FALSE(lookup->NeedEvaluate());
+  lookup->SetReadOnly(false);
   grip->SetState(1);
   EXPECT_TRUE(lookup->Evaluate(&context));
   EXPECT_FALSE(grip->NeedEvaluate());
