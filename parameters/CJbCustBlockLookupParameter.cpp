@@ -185,6 +185,15 @@ bool CJbCustBlockLookupParameter::EndEvaluate(CJbDbCustBlockGraphEvaluationConte
   return result;
 }
 
+bool CJbCustBlockLookupParameter::LoadInstance(OdResBufPtr& cursor,
+                                               CJbDbCustBlockGraphInstanceContext* context) {
+  return CJbCustBlockElement::LoadInstance(cursor, context);
+}
+
+OdResBufPtr CJbCustBlockLookupParameter::SaveInstance(CJbDbCustBlockGraphInstanceContext* context) {
+  return CJbCustBlockElement::SaveInstance(context);
+}
+
 bool CJbCustBlockLookupParameter::NeedEvaluate() const {
   AssertReadEnabled();
   return LookupImpl()->m_updatePending || CJbCustBlockParameter::NeedEvaluate();

@@ -31,6 +31,9 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   bool Evaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
   // Ends the row request.
   bool EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
+  // The grip's point belongs to the definition: the state of a reference is the base item alone.
+  bool LoadInstance(OdResBufPtr& cursor, CJbDbCustBlockGraphInstanceContext* context) override;
+  OdResBufPtr SaveInstance(CJbDbCustBlockGraphInstanceContext* context) override;
   // A row has been requested and not yet applied, or the grip's point has moved.
   bool NeedEvaluate() const override;
   // An action to write rows, and a table with at least one column and one row.

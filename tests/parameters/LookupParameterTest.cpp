@@ -108,6 +108,8 @@ TEST_F(LookupParameterTest, ARequestedRowStandsUntilTheEvaluationEnds) {
   EXPECT_FALSE(grip->NeedEvaluate());
   EXPECT_EQ(lookup->GetUpdatedState(), 1);
   EXPECT_EQ(grip->GetState(), 1);
+  // A reference's state holds the base item alone: the row follows from the other parameters.
+  EXPECT_TRUE(lookup->SaveInstance(nullptr)->next().isNull());
 }
 
 TEST_F(LookupParameterTest, EditingRefusesWhatDoesNotFitAndKeepsCellsWithTheirRowAndColumn) {
