@@ -51,6 +51,9 @@
 #include "platform/db/entities/OdDbText.h"
 #include "platform/dxf/DxfFileFiler.h"
 #include "platform/dxf/DxfFileInfo.h"
+#include "platform/host/CJbCustBlockElementUtilsPE.h"
+#include "platform/host/CJbDraggingPreviewFactory.h"
+#include "platform/host/CJbPropertyBase.h"
 #include "platform/host/OdEdCommand.h"
 #include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
@@ -72,6 +75,9 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdRxModule::rxInit, &OdRxModule::rxUninit},
     {&OdResBuf::rxInit, &OdResBuf::rxUninit},
     {&OdEdCommand::rxInit, &OdEdCommand::rxUninit},
+    {&CJbDraggingPreviewFactory::rxInit, &CJbDraggingPreviewFactory::rxUninit},
+    {&CJbCustBlockElementUtilsPE::rxInit, &CJbCustBlockElementUtilsPE::rxUninit},
+    {&CJbPropertyBase::rxInit, &CJbPropertyBase::rxUninit},
     {&OdDbDwgFiler::rxInit, &OdDbDwgFiler::rxUninit},
     {&OdDbMemoryDwgFiler::rxInit, &OdDbMemoryDwgFiler::rxUninit},
     {&OdDbDxfFiler::rxInit, &OdDbDxfFiler::rxUninit},
