@@ -6,6 +6,7 @@
 
 #include "cli/CheckCommand.h"
 #include "cli/ConvertCommand.h"
+#include "cli/DemoCommand.h"
 #include "cli/InfoCommand.h"
 #include "cli/RenderCommand.h"
 
@@ -26,6 +27,7 @@ CommandLine::CommandLine()
   add(std::make_unique<CheckCommand>());
   add(std::make_unique<ConvertCommand>());
   add(std::make_unique<RenderCommand>());
+  add(std::make_unique<DemoCommand>());
 }
 
 void CommandLine::add(std::unique_ptr<Command> command) {

@@ -2,7 +2,10 @@
 // fonts and painters, never a window) and the drawing platform, then runs the command line.
 #include <QGuiApplication>
 
+#include "actions/CJbCustBlockActionClasses.h"
 #include "cli/CommandLine.h"
+#include "core/CJbCustBlockCoreClasses.h"
+#include "parameters/CJbCustBlockParameterClasses.h"
 #include "platform/OdPlatform.h"
 
 namespace {
@@ -20,7 +23,13 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(quietQtMessages);
   QGuiApplication application(argc, argv);
   odInitialize();
+  CJbCustBlockCoreClasses::RxInit();
+  CJbCustBlockParameterClasses::RxInit();
+  CJbCustBlockActionClasses::RxInit();
   const int code = CommandLine().run(argc, argv);
+  CJbCustBlockActionClasses::RxUninit();
+  CJbCustBlockParameterClasses::RxUninit();
+  CJbCustBlockCoreClasses::RxUninit();
   odUninitialize();
   return code;
 }
