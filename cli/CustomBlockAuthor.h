@@ -39,7 +39,8 @@ class CustomBlockAuthor {
       parameter->SetDefinedPosition(i, points[i]);
     if (!property.isEmpty()) nameValue(parameter.get(), 0, property);
     if constexpr (!std::is_void_v<Grip>) {
-      for (unsigned index : grippedPoints) bindGrip(parameter.get(), index, new Grip);
+      for (unsigned index : grippedPoints)
+        bindGrip(parameter.get(), index, new Grip);
     }
     return parameter;
   }

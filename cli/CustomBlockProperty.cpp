@@ -11,8 +11,12 @@ namespace {
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kTolerance = 1e-9;
 
-double toDegrees(double radians) { return radians * 180.0 / kPi; }
-double toRadians(double degrees) { return degrees * kPi / 180.0; }
+double toDegrees(double radians) {
+  return radians * 180.0 / kPi;
+}
+double toRadians(double degrees) {
+  return degrees * kPi / 180.0;
+}
 
 // Numbers as people write them: no exponent for ordinary sizes, no trailing noise.
 std::string number(double value) {
@@ -42,7 +46,8 @@ double normalizedDegrees(double degrees) {
 std::vector<CustomBlockProperty> CustomBlockProperty::of(const CJbDbCustBlockGraph* graph) {
   std::vector<CustomBlockProperty> properties;
   for (int id : graph->GetAllNodeIds()) {
-    const CJbCustBlockParameterPtr parameter = CJbCustBlockParameter::cast(graph->GetNode(id).get());
+    const CJbCustBlockParameterPtr parameter =
+        CJbCustBlockParameter::cast(graph->GetNode(id).get());
     if (parameter.isNull()) continue;
     for (unsigned i = 0; i < parameter->GetValueInfoCount(); ++i) {
       const CJbCustBlockParameterValueInfo* info = parameter->GetValueInfo(i);
@@ -130,7 +135,8 @@ QJsonValue CustomBlockProperty::valueSetJson(const CJbCustBlockParameter* parame
   OdArray<double> list;
   if (set->GetList(list)) {
     QJsonArray values;
-    for (double value : list) values.append(shown(value));
+    for (double value : list)
+      values.append(shown(value));
     result["list"] = values;
     return result;
   }
@@ -153,7 +159,8 @@ std::string CustomBlockProperty::allowed(const CJbCustBlockParameter* parameter)
   OdArray<double> list;
   if (set->GetList(list)) {
     std::string values;
-    for (double value : list) values += (values.empty() ? "" : ", ") + shown(value);
+    for (double value : list)
+      values += (values.empty() ? "" : ", ") + shown(value);
     return kind + " from the list " + values;
   }
   double minimum = 0, maximum = 0, increment = 0;

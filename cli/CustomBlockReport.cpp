@@ -27,7 +27,9 @@ QString nameOf(const CJbDbCustBlockGraph* graph, int id) {
   return node.isNull() ? QString() : QString::fromUtf8(node->GetName().c_str());
 }
 
-QJsonArray point(const OdGePoint3d& p) { return {p.x, p.y, p.z}; }
+QJsonArray point(const OdGePoint3d& p) {
+  return {p.x, p.y, p.z};
+}
 
 QString blockName(const OdDbObjectId& block) {
   return QString::fromUtf8(OdDbBlockTableRecordPtr(block.safeOpenObject())->getName().c_str());
@@ -51,7 +53,8 @@ QJsonObject describeGraph(const CJbDbCustBlockGraph* graph) {
       QJsonArray gripNames, actionNames;
       for (unsigned i = 0; i < parameter->GetPointCount(); ++i)
         if (parameter->GetGrip(i) != 0) gripNames.append(nameOf(graph, parameter->GetGrip(i)));
-      for (int action : parameter->GetConnectedActions()) actionNames.append(nameOf(graph, action));
+      for (int action : parameter->GetConnectedActions())
+        actionNames.append(nameOf(graph, action));
       parameters.append(QJsonObject{{"name", nameOf(graph, id)},
                                     {"kind", kindOf(node.get(), "Parameter")},
                                     {"grips", gripNames},
@@ -151,7 +154,8 @@ std::string CustomBlockReport::toText() const {
       const QJsonObject set = property["valueSet"].toObject();
       if (set.contains("list")) {
         out << "  list";
-        for (const QJsonValue& entry : set["list"].toArray()) out << " " << valueText(entry);
+        for (const QJsonValue& entry : set["list"].toArray())
+          out << " " << valueText(entry);
       }
       for (const char* limit : {"minimum", "maximum", "increment"})
         if (set.contains(limit)) out << "  " << limit << " " << valueText(set[limit]);
@@ -160,8 +164,8 @@ std::string CustomBlockReport::toText() const {
     for (const QJsonValue& action : block["actions"].toArray())
       out << "    action " << action["name"].toString().toStdString() << " ("
           << action["kind"].toString().toStdString() << ") follows "
-          << action["parameter"].toString().toStdString() << " point "
-          << action["point"].toInt() << ", " << action["entities"].toInt() << " entities\n";
+          << action["parameter"].toString().toStdString() << " point " << action["point"].toInt()
+          << ", " << action["entities"].toInt() << " entities\n";
     for (const QJsonValue& grip : block["grips"].toArray()) {
       const QJsonArray at = grip["position"].toArray();
       out << "    grip " << grip["name"].toString().toStdString() << " ("

@@ -72,7 +72,8 @@ int DemoCommand::run() {
     const QJsonArray references = after.json()["references"].toArray();
 
     out << std::left << std::setw(10) << "block" << std::setw(8) << "handle" << std::setw(14)
-        << "at" << "values\n";
+        << "at"
+        << "values\n";
     for (const QJsonValue& reference : references) {
       const QJsonArray at = reference["position"].toArray();
       out << std::setw(10) << reference["block"].toString().toStdString() << std::setw(8)

@@ -49,8 +49,11 @@ void DemoDrawingBuilder::placeRow(OdDbDatabase* database, const DemoBlock& block
     OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
     reference->setBlockTableRecord(blockId);
     reference->setPosition(OdGePoint3d(x, y, 0));
-    Placement placement{block.name().str(), modelSpace->appendOdDbEntity(reference.get()),
-                        OdGePoint3d(x, y, 0), edits, {}};
+    Placement placement{block.name().str(),
+                        modelSpace->appendOdDbEntity(reference.get()),
+                        OdGePoint3d(x, y, 0),
+                        edits,
+                        {}};
     m_placements.push_back(placement);
     x += block.spacing();
   }

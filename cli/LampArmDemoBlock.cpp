@@ -28,7 +28,8 @@ void LampArmDemoBlock::author(CustomBlockAuthor& author) const {
   const double maximum = 900;
   reaches->SetMaximum(&maximum, reach.get());
 
-  auto stretch = author.addAction<CJbCustBlockPolarStretchAction>(reach.get(), 1, {arm, head, bulb});
+  auto stretch =
+      author.addAction<CJbCustBlockPolarStretchAction>(reach.get(), 1, {arm, head, bulb});
   CustomBlockAuthor::setFrame(stretch.get(), 0, OdGePoint3d(kReach - 100, -100, 0),
                               OdGePoint3d(kReach + 100, 100, 0));
   stretch->SetEntities(1, {mount});

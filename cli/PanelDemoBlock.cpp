@@ -23,14 +23,12 @@ void PanelDemoBlock::author(CustomBlockAuthor& author) const {
   author.addText(OdGePoint3d(80, 80, 0), 60, "PANEL");
 
   auto size = author.addParameter<CJbCustBlockXYParameter, CJbCustBlockXYGrip>(
-      "PanelWidth", {OdGePoint3d::kOrigin, OdGePoint3d(kWidth, kHeight, 0)},
-      {kCorner});
+      "PanelWidth", {OdGePoint3d::kOrigin, OdGePoint3d(kWidth, kHeight, 0)}, {kCorner});
   CustomBlockAuthor::nameValue(size.get(), CJbCustBlockXYParameter::kYDistanceValue, "PanelHeight");
   size->GetValueInfoForModify(0)->SetIncrement(100, size.get());
   size->GetValueInfoForModify(1)->SetIncrement(50, size.get());
 
-  auto stretch = author.addAction<CJbCustBlockStretchAction>(
-      size.get(), kCorner, {outline, inner});
+  auto stretch = author.addAction<CJbCustBlockStretchAction>(size.get(), kCorner, {outline, inner});
   CustomBlockAuthor::setFrame(stretch.get(), 0, OdGePoint3d(kWidth - 100, kHeight - 100, 0),
                               OdGePoint3d(kWidth + 100, kHeight + 100, 0));
 }
