@@ -119,7 +119,7 @@ bool ezdxfAvailable() {
 }
 
 std::string interop(const std::string& command, const std::string& path, int* status = nullptr) {
-  const std::string script = fs::path(__FILE__).parent_path() / "dxf_interop.py";
+  const std::string script = fs::path(JBCB_TEST_SOURCE_DIR) / "platform/dxf/dxf_interop.py";
   const std::string line = "/usr/bin/python3 '" + script + "' " + command + " '" + path + "' 2>&1";
   std::string output;
   FILE* pipe = ::popen(line.c_str(), "r");
