@@ -8,7 +8,6 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 #include <cstdlib>
-#include <filesystem>
 
 #include "JbcbProcess.h"
 
@@ -96,10 +95,7 @@ TEST_F(DemoDrawing, PassesAnotherReadersAudit) {
   if (std::system("/usr/bin/python3 -c 'import ezdxf' > /dev/null 2>&1") != 0)
     GTEST_SKIP() << "/usr/bin/python3 cannot import ezdxf: the interop check is skipped";
   ASSERT_EQ(demo->code, 0) << demo->err.toStdString();
-  // __FILE__ is relative to the build folder when the compiler cache rewrites paths.
-  const std::filesystem::path source = std::filesystem::path(JBCB_BIN_DIR).parent_path() / __FILE__;
-  const std::string script =
-      (source.parent_path().parent_path() / "platform" / "dxf" / "dxf_interop.py").string();
+  const std::string script = JBCB_TEST_SOURCE_DIR "/platform/dxf/dxf_interop.py";
   const std::string command =
       "/usr/bin/python3 '" + script + "' audit '" + path("demo.dxf").toStdString() + "' 2>&1";
   EXPECT_EQ(std::system(command.c_str()), 0) << "ezdxf audit of demo.dxf reported errors";
