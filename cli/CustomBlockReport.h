@@ -16,7 +16,7 @@ class CustomBlockReport {
 
   static CustomBlockReport of(OdDbDatabase* database, const std::string& file);
 
-  const QJsonObject& json() const { return m_json; }
+  const QJsonObject& toJson() const { return m_json; }
   std::string toText() const;
 
  private:

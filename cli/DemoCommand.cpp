@@ -22,7 +22,7 @@ const QSize kPictureSize(1600, 1200);
 
 // The report without the file name, which differs between the two drawings compared.
 QJsonObject comparable(const CustomBlockReport& report) {
-  QJsonObject json = report.json();
+  QJsonObject json = report.toJson();
   json.remove("file");
   return json;
 }
@@ -69,7 +69,7 @@ int DemoCommand::run() {
     const CustomBlockReport before = CustomBlockReport::of(built.get(), file);
     const OdDbDatabasePtr reloaded = DrawingFile::read(file);
     const CustomBlockReport after = CustomBlockReport::of(reloaded.get(), file);
-    const QJsonArray references = after.json()["references"].toArray();
+    const QJsonArray references = after.toJson()["references"].toArray();
 
     out << std::left << std::setw(10) << "block" << std::setw(8) << "handle" << std::setw(14)
         << "at"

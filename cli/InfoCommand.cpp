@@ -36,20 +36,15 @@ int InfoCommand::run() {
   const int code = FileBatch::run(m_files, [&](const std::string& file, std::ostream& out) {
     try {
       const OdDbDatabasePtr database = DrawingFile::read(file);
-      if (m_blocks) {
-        const CustomBlockReport report = CustomBlockReport::of(database.get(), file);
+      const auto show = [&](const auto& report) {
         if (m_json)
-          documents.append(report.json());
+          documents.append(report.toJson());
         else
           out << report.toText();
         return true;
-      }
-      const DrawingSummary summary = DrawingSummary::of(database.get(), file);
-      if (m_json)
-        documents.append(summary.toJson());
-      else
-        out << summary.toText();
-      return true;
+      };
+      if (m_blocks) return show(CustomBlockReport::of(database.get(), file));
+      return show(DrawingSummary::of(database.get(), file));
     } catch (const std::exception& error) {
       if (m_json)
         documents.append(QJsonObject{{"file", QString::fromStdString(file)},
