@@ -133,6 +133,13 @@ bool CJbCustBlockAction::TranslateByParameterPoint(CJbDbCustBlockGraphEvaluation
   return TransformAllSelections(context, OdGeMatrix3d::translation(delta));
 }
 
+OdGePoint3d CJbCustBlockAction::ModifierBasePoint(const CJbCustBlockParameter& parameter) const {
+  const CJbCustBlockActionImpl& impl = *ActionImpl();
+  const OdGePoint3d anchor =
+      impl.m_independentBase ? OdGePoint3d::kOrigin : parameter.GetUpdatedPosition(0);
+  return anchor + impl.m_workingBaseOffset;
+}
+
 bool CJbCustBlockAction::Reset(CJbDbCustBlockGraphEvaluationContext* context) {
   if (!CJbCustBlockElement::Reset(context)) return false;
   CJbCustBlockActionImpl& impl = *ActionImpl();

@@ -7,6 +7,7 @@
 #include "parameters/CJbCustBlockParameterPointBinding.h"
 
 class CJbCustBlockActionImpl;
+class CJbCustBlockParameter;
 class OdRxClass;
 
 class CJbCustBlockAction : public CJbCustBlockElement, public CJbCustBlockParameterPointBinding {
@@ -89,6 +90,9 @@ class CJbCustBlockAction : public CJbCustBlockElement, public CJbCustBlockParame
   // Moves every set by the displacement of the bound parameter point, after the modifier; false
   // without a parameter.
   bool TranslateByParameterPoint(CJbDbCustBlockGraphEvaluationContext* context);
+  // The point a base-offset action scales or turns about: the parameter's base point plus the
+  // working offset, or for an independent base the working offset alone.
+  OdGePoint3d ModifierBasePoint(const CJbCustBlockParameter& parameter) const;
 };
 
 using CJbCustBlockActionPtr = OdSmartPtr<CJbCustBlockAction>;

@@ -2,8 +2,12 @@
 #include "actions/CJbCustBlockActionClasses.h"
 
 #include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockFlipAction.h"
+#include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
+#include "actions/CJbCustBlockRotateAction.h"
+#include "actions/CJbCustBlockScaleAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
 
 void CJbCustBlockActionClasses::RxInit() {
@@ -11,9 +15,17 @@ void CJbCustBlockActionClasses::RxInit() {
   CJbCustBlockMoveAction::rxInit();
   CJbCustBlockStretchAction::rxInit();
   CJbCustBlockPolarStretchAction::rxInit();
+  CJbCustBlockScaleAction::rxInit();
+  CJbCustBlockRotateAction::rxInit();
+  CJbCustBlockFlipAction::rxInit();
+  CJbCustBlockLookupAction::rxInit();
 }
 
 void CJbCustBlockActionClasses::RxUninit() {
+  CJbCustBlockLookupAction::rxUninit();
+  CJbCustBlockFlipAction::rxUninit();
+  CJbCustBlockRotateAction::rxUninit();
+  CJbCustBlockScaleAction::rxUninit();
   CJbCustBlockPolarStretchAction::rxUninit();
   CJbCustBlockStretchAction::rxUninit();
   CJbCustBlockMoveAction::rxUninit();

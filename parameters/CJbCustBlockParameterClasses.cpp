@@ -6,7 +6,9 @@
 #include "parameters/CJbCustBlock2PointParameter.h"
 #include "parameters/CJbCustBlockAlignmentParameter.h"
 #include "parameters/CJbCustBlockBasePointParameter.h"
+#include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
+#include "parameters/CJbCustBlockLookupParameter.h"
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
@@ -45,6 +47,8 @@ const ClassRegistration kParameterClasses[] = {
     registration<CJbCustBlockXYParameter>(),
     registration<CJbCustBlockBasePointParameter>(),
     registration<CJbCustBlockAlignmentParameter>(),
+    registration<CJbCustBlockFlipParameter>(),
+    registration<CJbCustBlockLookupParameter>(),
     registration<CJbCustBlockBaseGrip>(),
     registration<CJbCustBlockPolarGrip>(),
     registration<CJbCustBlockXYGrip>(),
