@@ -7,6 +7,8 @@
 #include <cmath>
 #include <limits>
 
+#include "parameters/CJbCustBlockLookupParameter.h"
+
 namespace {
 constexpr double kPi = 3.14159265358979323846;
 constexpr double kTolerance = 1e-9;
@@ -85,8 +87,22 @@ bool CustomBlockProperty::isLength() const {
 }
 
 bool CustomBlockProperty::isSettable() const {
-  return isLength() || m_type == CJbCustBlockParameterValueInfo::kAngle ||
+  return isLength() || isState() || m_type == CJbCustBlockParameterValueInfo::kAngle ||
          m_type == CJbCustBlockParameterValueInfo::kMirrorState;
+}
+
+bool CustomBlockProperty::isState() const {
+  return m_type == CJbCustBlockParameterValueInfo::kVisibility ||
+         m_type == CJbCustBlockParameterValueInfo::kTable;
+}
+
+std::vector<std::string> CustomBlockProperty::states(const CJbCustBlockParameter* parameter) const {
+  std::vector<std::string> names;
+  if (const auto lookup = CJbCustBlockLookupParameter::cast(parameter)) {
+    for (unsigned i = 0; i < lookup->GetStateCount(); ++i)
+      names.push_back(lookup->GetStateName(i).str());
+  }
+  return names;
 }
 
 const CJbCustBlockParameterValueInfo* CustomBlockProperty::info(
@@ -103,10 +119,16 @@ std::string CustomBlockProperty::text(const CJbCustBlockParameter* parameter) co
       return number(m_type == CJbCustBlockParameterValueInfo::kAngle
                         ? normalizedDegrees(toDegrees(value->getDouble()))
                         : value->getDouble());
-    case OdResBuf::kRtInt32:
+    case OdResBuf::kRtInt32: {
+      const int state = value->getInt32();
       if (m_type == CJbCustBlockParameterValueInfo::kMirrorState)
-        return value->getInt32() ? "flipped" : "not-flipped";
-      return std::to_string(value->getInt32());
+        return state ? "flipped" : "not-flipped";
+      const std::vector<std::string> names = states(parameter);
+      if (state >= 0 && static_cast<std::size_t>(state) < names.size()) return names[state];
+      if (const auto lookup = CJbCustBlockLookupParameter::cast(parameter))
+        return lookup->GetUnmatchedStateName().str();
+      return std::to_string(state);
+    }
     case OdResBuf::kRtPoint3d: {
       const OdGePoint3d point = value->getPoint3d();
       return number(point.x) + "," + number(point.y);
@@ -126,6 +148,12 @@ QJsonValue CustomBlockProperty::json(const CJbCustBlockParameter* parameter) con
 }
 
 QJsonValue CustomBlockProperty::valueSetJson(const CJbCustBlockParameter* parameter) const {
+  if (isState()) {
+    QJsonArray names;
+    for (const std::string& name : states(parameter))
+      names.append(QString::fromStdString(name));
+    return QJsonObject{{"states", names}};
+  }
   const CJbCustBlockParameterValueInfo* set = info(parameter);
   if (!set || !set->UseValueSet() || set->GetLimitType() == CJbCustBlockParameterValueInfo::kNone)
     return QJsonValue();
@@ -150,6 +178,12 @@ QJsonValue CustomBlockProperty::valueSetJson(const CJbCustBlockParameter* parame
 std::string CustomBlockProperty::allowed(const CJbCustBlockParameter* parameter) const {
   if (m_type == CJbCustBlockParameterValueInfo::kMirrorState) return "flipped or not-flipped";
   if (!isSettable()) return "nothing: " + typeName() + " properties cannot be set";
+  if (isState()) {
+    std::string names;
+    for (const std::string& name : states(parameter))
+      names += (names.empty() ? "" : ", ") + name;
+    return "one of the states " + names;
+  }
   const bool angle = m_type == CJbCustBlockParameterValueInfo::kAngle;
   std::string kind = angle ? "an angle in degrees" : "a length";
   const CJbCustBlockParameterValueInfo* set = info(parameter);
@@ -184,6 +218,16 @@ bool CustomBlockProperty::parse(const CJbCustBlockParameter* parameter, const st
       return false;
     }
     value = OdResBuf::newRb(OdResBuf::kRtInt32, text == "flipped" ? 1 : 0);
+    return true;
+  }
+  if (isState()) {
+    const std::vector<std::string> names = states(parameter);
+    const auto found = std::find(names.begin(), names.end(), text);
+    if (found == names.end()) {
+      error = expected;
+      return false;
+    }
+    value = OdResBuf::newRb(OdResBuf::kRtInt32, static_cast<int>(found - names.begin()));
     return true;
   }
   double number = 0;

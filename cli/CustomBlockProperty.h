@@ -45,6 +45,9 @@ class CustomBlockProperty {
 
   bool isLength() const;
   const CJbCustBlockParameterValueInfo* info(const CJbCustBlockParameter* parameter) const;
+  bool isState() const;
+  // The state names of a visibility or lookup parameter, by index.
+  std::vector<std::string> states(const CJbCustBlockParameter* parameter) const;
 
   std::string m_name;
   int m_parameterId;

@@ -157,6 +157,11 @@ std::string CustomBlockReport::toText() const {
         for (const QJsonValue& entry : set["list"].toArray())
           out << " " << valueText(entry);
       }
+      if (set.contains("states")) {
+        out << "  states";
+        for (const QJsonValue& state : set["states"].toArray())
+          out << " " << state.toString().toStdString();
+      }
       for (const char* limit : {"minimum", "maximum", "increment"})
         if (set.contains(limit)) out << "  " << limit << " " << valueText(set[limit]);
       out << "\n";

@@ -1,8 +1,10 @@
 #include "cli/DemoDrawingBuilder.h"
 
 #include "cli/DoorDemoBlock.h"
+#include "cli/FixtureDemoBlock.h"
 #include "cli/LampArmDemoBlock.h"
 #include "cli/PanelDemoBlock.h"
+#include "cli/WindowDemoBlock.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/entities/OdDbText.h"
@@ -17,7 +19,9 @@ constexpr double kCaptionHeight = 100;
 DemoDrawingBuilder::DemoDrawingBuilder() {
   m_blocks.push_back(std::make_unique<DoorDemoBlock>());
   m_blocks.push_back(std::make_unique<LampArmDemoBlock>());
+  m_blocks.push_back(std::make_unique<WindowDemoBlock>());
   m_blocks.push_back(std::make_unique<PanelDemoBlock>());
+  m_blocks.push_back(std::make_unique<FixtureDemoBlock>());
 }
 
 DemoDrawingBuilder::~DemoDrawingBuilder() = default;

@@ -1,5 +1,5 @@
-// A door in plan: frame, leaf and swing, with a width that stretches in steps of 100 from 600
-// to 1200.
+// A door in plan: frame, leaf and swing. Its width stretches in steps of 100 from 600 to 1200,
+// its hinge side mirrors across the wall and its leaf turns about the hinge.
 #pragma once
 
 #include "cli/DemoBlock.h"
