@@ -2,6 +2,7 @@
 #include "actions/CJbCustBlockActionClasses.h"
 
 #include "actions/CJbCustBlockAction.h"
+#include "actions/CJbCustBlockArrayAction.h"
 #include "actions/CJbCustBlockFlipAction.h"
 #include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockMoveAction.h"
@@ -17,6 +18,7 @@ void CJbCustBlockActionClasses::RxInit() {
   CJbCustBlockPolarStretchAction::rxInit();
   CJbCustBlockScaleAction::rxInit();
   CJbCustBlockRotateAction::rxInit();
+  CJbCustBlockArrayAction::rxInit();
   CJbCustBlockFlipAction::rxInit();
   CJbCustBlockLookupAction::rxInit();
 }
@@ -24,6 +26,7 @@ void CJbCustBlockActionClasses::RxInit() {
 void CJbCustBlockActionClasses::RxUninit() {
   CJbCustBlockLookupAction::rxUninit();
   CJbCustBlockFlipAction::rxUninit();
+  CJbCustBlockArrayAction::rxUninit();
   CJbCustBlockRotateAction::rxUninit();
   CJbCustBlockScaleAction::rxUninit();
   CJbCustBlockPolarStretchAction::rxUninit();

@@ -1,5 +1,5 @@
 // jbcb check: audits drawings and reports every error by object and handle, optionally fixing
-// them and writing the repaired drawing.
+// them and writing the repaired drawing; or loads what it can of a damaged file (--recover).
 #pragma once
 
 #include <string>
@@ -16,5 +16,8 @@ class CheckCommand : public Command {
   CLI::App* m_command = nullptr;
   std::vector<std::string> m_files;
   bool m_fix = false;
+  bool m_recover = false;
   std::string m_output;
+
+  bool recover(const std::string& file, std::ostream& out) const;
 };

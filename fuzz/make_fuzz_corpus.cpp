@@ -1,5 +1,6 @@
 // Writes the generated seed inputs of the fuzz targets: a small drawing in both DXF forms,
-// written by the project's own tag writers, damaged copies of it, and a few contours. Run it
+// written by the project's own tag writers, damaged copies of it, a few contours, whole drawings
+// with a graph of every element class, that graph's record and its instance chain. Run it
 // with the corpus folder (fuzz/corpus) after changing what it writes; found crashers live beside
 // the seeds under their own names and are left alone.
 #include <cstdint>
@@ -10,10 +11,22 @@
 #include <initializer_list>
 #include <string>
 
+#include "InstanceChainCoding.h"
+#include "ModuleFuzzing.h"
+#include "core/CJbCustBlockElementFiler.h"
+#include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "platform/base/OdError.h"
+#include "platform/db/OdDbBlockReference.h"
+#include "platform/db/OdDbBlockTableRecord.h"
+#include "platform/db/OdDbDictionary.h"
+#include "platform/db/OdDbSymbolTable.h"
+#include "platform/db/OdDbXrecord.h"
+#include "platform/db/entities/OdDbLine.h"
 #include "platform/dxf/DxfAsciiTagWriter.h"
 #include "platform/dxf/DxfBinaryTagReader.h"
 #include "platform/dxf/DxfBinaryTagWriter.h"
+#include "platform/dxf/DxfFile.h"
+#include "platform/dxf/DxfFileFiler.h"
 
 namespace fs = std::filesystem;
 
@@ -155,6 +168,93 @@ void writeContourSeeds(const fs::path& folder) {
        contour(3, {0, 0, 1, 4, 0, -0.5, 4, 4, 0.2, 2, -1.9, 2, 2, 4.1, 2, 5, 5}));
   save(folder, "seed-degenerate.bin", contour(3, {1, 1, 0, 1, 1, 1, 1, 1, -1, 1, 1, 0, 2}));
 }
+
+// A block with a line shown twice in model space, one showing itself through a second block, an
+// extension record and a graph of every element class in the named-objects dictionary.
+OdDbDatabasePtr moduleDrawing(bool withCycle) {
+  OdDbDatabasePtr db = OdDbDatabase::createObject();
+  OdDbObjectPtr tableObject = db->getBlockTableId().safeOpenObject(OdDb::kForWrite);
+  auto* table = static_cast<OdDbSymbolTable*>(tableObject.get());
+  OdDbBlockTableRecordPtr part = OdDbBlockTableRecord::createObject();
+  part->setName("PART");
+  const OdDbObjectId partId = table->add(part.get());
+  OdDbLinePtr line = OdDbLine::createObject();
+  line->setEndPoint(OdGePoint3d(10, 5, 0));
+  part->appendOdDbEntity(line.get());
+  OdDbObjectPtr modelObject = db->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
+  auto* model = static_cast<OdDbBlockTableRecord*>(modelObject.get());
+  for (int i = 0; i < 2; ++i) {
+    OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
+    reference->setBlockTableRecord(partId);
+    reference->setPosition(OdGePoint3d(20.0 * i, 0, 0));
+    model->appendOdDbEntity(reference.get());
+  }
+  if (withCycle) {
+    OdDbBlockTableRecordPtr outer = OdDbBlockTableRecord::createObject();
+    outer->setName("OUTER");
+    const OdDbObjectId outerId = table->add(outer.get());
+    OdDbBlockReferencePtr in = OdDbBlockReference::createObject();
+    in->setBlockTableRecord(outerId);
+    part->appendOdDbEntity(in.get());
+    OdDbBlockReferencePtr back = OdDbBlockReference::createObject();
+    back->setBlockTableRecord(partId);
+    outer->appendOdDbEntity(back.get());
+  }
+  OdDbObjectPtr named = db->getNamedObjectsDictionaryId().safeOpenObject(OdDb::kForWrite);
+  auto* dictionary = static_cast<OdDbDictionary*>(named.get());
+  OdDbXrecordPtr record = OdDbXrecord::createObject();
+  record->setFromRbChain(OdResBuf::newRb(1, "payload").get());
+  dictionary->setAt("JB_SEED", record.get());
+  CJbDbCustBlockGraphPtr graph = graphOfEveryElement();
+  graph->SetBlockDefinitionId(partId);
+  dictionary->setAt("JB_SEED_GRAPH", graph.get());
+  return db;
+}
+
+void writeReaderSeeds(const fs::path& folder) {
+  const std::string text = DxfFile::writeToMemory(moduleDrawing(false).get());
+  save(folder, "seed-module-drawing.dxf", text);
+  DxfWriteOptions binary;
+  binary.binary = true;
+  save(folder, "seed-module-drawing-binary.dxf",
+       DxfFile::writeToMemory(moduleDrawing(false).get(), binary));
+  save(folder, "seed-block-cycle.dxf", DxfFile::writeToMemory(moduleDrawing(true).get()));
+  saveCuts(folder, text, 0);
+  // A second copy of the entities: every one of their handles taken twice.
+  const std::size_t entities = text.find("ENTITIES");
+  const std::size_t end = text.find("ENDSEC", entities);
+  const std::size_t body = text.find('\n', entities) + 1;
+  const std::size_t close = text.rfind("  0", end);
+  std::string twice = text;
+  twice.insert(close, text.substr(body, close - body));
+  save(folder, "seed-repeated-handles.dxf", twice);
+}
+
+void writeGraphSeeds(const fs::path& folder) {
+  OdDbDatabasePtr db = OdDbDatabase::createObject();
+  CJbDbCustBlockGraphPtr graph = graphOfEveryElement();
+  CJbCustBlockElementFiler dwg(db.get());
+  graph->dwgOutFields(&dwg);
+  const OdBinaryData& data = dwg.GetData();
+  save(folder, "seed-graph-dwg.bin", std::string(1, '\0') + std::string(data.begin(), data.end()));
+  DxfAsciiTagWriter tags(DxfAsciiTagWriter::LineEnd::kLf);
+  DxfFileFilerPtr filer = DxfFileFiler::createObject();
+  filer->setDatabase(db.get());
+  filer->startWriting(&tags, true);
+  filer->beginObject(nullptr);
+  graph->dxfOutFields(filer.get());
+  filer->endObject();
+  save(folder, "seed-graph-dxf.bin", "\x01" + tags.data());
+}
+
+void writeInstanceSeeds(const fs::path& folder) {
+  CJbDbCustBlockGraphPtr graph = graphOfEveryElement();
+  for (int mode : {0, static_cast<int>(CJbDbCustBlockGraphInstanceContext::kNoObjectIds)}) {
+    CJbDbCustBlockGraphInstanceContext context(mode, nullptr);
+    save(folder, "seed-instance-" + std::to_string(mode) + ".bin",
+         InstanceChainCoding::encode(graph->SaveInstance(&context).get()));
+  }
+}
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -167,6 +267,10 @@ int main(int argc, char** argv) {
     writeTextSeeds(seedFolder(root / "fuzz_dxf_tags_ascii"));
     writeBinarySeeds(seedFolder(root / "fuzz_dxf_tags_binary"));
     writeContourSeeds(seedFolder(root / "fuzz_contour"));
+    registerModuleClasses();
+    writeReaderSeeds(seedFolder(root / "fuzz_dxf_reader"));
+    writeGraphSeeds(seedFolder(root / "fuzz_graph_record"));
+    writeInstanceSeeds(seedFolder(root / "fuzz_instance_chain"));
   } catch (const std::exception& e) {
     std::fprintf(stderr, "%s\n", e.what());
     return 1;

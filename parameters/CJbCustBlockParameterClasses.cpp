@@ -13,6 +13,7 @@
 #include "parameters/CJbCustBlockPointParameter.h"
 #include "parameters/CJbCustBlockPolarParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"
+#include "parameters/CJbCustBlockVisibilityParameter.h"
 #include "parameters/CJbCustBlockXYParameter.h"
 #include "parameters/grips/CJbCustBlockAlignmentGrip.h"
 #include "parameters/grips/CJbCustBlockBaseGrip.h"
@@ -45,6 +46,7 @@ const ClassRegistration kParameterClasses[] = {
     registration<CJbCustBlockRotationParameter>(),
     registration<CJbCustBlockPolarParameter>(),
     registration<CJbCustBlockXYParameter>(),
+    registration<CJbCustBlockVisibilityParameter>(),
     registration<CJbCustBlockBasePointParameter>(),
     registration<CJbCustBlockAlignmentParameter>(),
     registration<CJbCustBlockFlipParameter>(),

@@ -293,7 +293,9 @@ OdResult OdDbObject::eraseOwned(bool erasing) {
 OdDbObjectIdArray OdDbObject::ownedIds() const {
   OdDbObjectIdArray owned;
   if (!m_stub) return owned;
-  OdDbMemoryDwgFiler filer;
+  // One filer per thread serves every call: once grown, collecting ids allocates nothing.
+  thread_local OdStaticRxObject<OdDbMemoryDwgFiler> filer;
+  filer.reset();
   filer.setDatabase(database());
   filer.setFilerType(OdDb::kIdFiler);
   filer.setCollectIdsOnly(true);

@@ -5,13 +5,38 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <dirent.h>
+#include <signal.h>
+
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "platform/dxf/DxfFileReader.h"
 #include "platform/dxf/DxfFileWriter.h"
 #include "platform/dxf/DxfTagReader.h"
+
+namespace {
+// Temporary files of saves whose process died (killed half way) are removed by the next save of
+// the same target: ".<file>.<pid>.XXXXXX" where no process pid runs any more.
+void removeDeadSavesTemporaries(const std::string& folder, const std::string& file) {
+  DIR* dir = ::opendir(folder.c_str());
+  if (!dir) return;
+  const std::string prefix = "." + file + ".";
+  while (const dirent* entry = ::readdir(dir)) {
+    const std::string name = entry->d_name;
+    if (name.compare(0, prefix.size(), prefix) != 0) continue;
+    char* end = nullptr;
+    const long pid = std::strtol(name.c_str() + prefix.size(), &end, 10);
+    constexpr std::size_t kUniqueSuffix = 7;  // ".XXXXXX"
+    if (pid <= 0 || pid == ::getpid() || std::strlen(end) != kUniqueSuffix || *end != '.') continue;
+    if (::kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH)
+      ::unlink((folder + (folder.back() == '/' ? "" : "/") + name).c_str());
+  }
+  ::closedir(dir);
+}
+}  // namespace
 
 OdDbDatabasePtr DxfFile::read(const OdString& path) {
   std::unique_ptr<DxfTagReader> tags = DxfTagReader::open(path);
@@ -27,6 +52,26 @@ OdDbDatabasePtr DxfFile::readFromMemory(std::string bytes) {
   return DxfFileReader(*tags).read();
 }
 
+OdDbDatabasePtr DxfFile::recover(const OdString& path, DxfRecoverReport& report) {
+  std::unique_ptr<DxfTagReader> survey = DxfTagReader::open(path);
+  std::unique_ptr<DxfTagReader> tags = DxfTagReader::open(path);
+  try {
+    DxfFileReader reader(*tags, &report);
+    reader.surveyHandles(*survey);
+    return reader.read();
+  } catch (const OdError& e) {
+    throw OdError(e.code(), "'" + path.str() + "', " + e.description());
+  }
+}
+
+OdDbDatabasePtr DxfFile::recoverFromMemory(std::string bytes, DxfRecoverReport& report) {
+  std::unique_ptr<DxfTagReader> survey = DxfTagReader::fromMemory(bytes);
+  std::unique_ptr<DxfTagReader> tags = DxfTagReader::fromMemory(std::move(bytes));
+  DxfFileReader reader(*tags, &report);
+  reader.surveyHandles(*survey);
+  return reader.read();
+}
+
 std::string DxfFile::writeToMemory(OdDbDatabase* database, const DxfWriteOptions& options) {
   return DxfFileWriter(database, options).write();
 }
@@ -40,11 +85,13 @@ void DxfFile::writeFileAtomically(const OdString& path, const std::string& bytes
   const std::size_t slash = target.rfind('/');
   const std::string folder = slash == std::string::npos ? "." : target.substr(0, slash + 1);
   const std::string file = slash == std::string::npos ? target : target.substr(slash + 1);
-  std::string temporary = folder + (slash == std::string::npos ? "/." : ".") + file + ".XXXXXX";
+  std::string temporary = folder + (slash == std::string::npos ? "/." : ".") + file + "." +
+                          std::to_string(::getpid()) + ".XXXXXX";
   const auto failure = [&](const char* step, int error) {
     return OdError(eFileWriteError, "cannot save '" + target + "': " + step + " failed: " +
                                         std::strerror(error) + "; the file is unchanged");
   };
+  removeDeadSavesTemporaries(folder, file);
   const int fd = ::mkstemp(temporary.data());
   if (fd < 0) throw failure("creating a temporary file", errno);
   const auto discard = [&](const char* step) {

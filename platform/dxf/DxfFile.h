@@ -7,6 +7,7 @@
 
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/OdDbDxfFiler.h"
+#include "platform/dxf/DxfRecoverReport.h"
 
 // How a drawing is written: text or binary, and the file version (2000 to 2018).
 struct DxfWriteOptions {
@@ -22,9 +23,18 @@ class DxfFile {
   static OdDbDatabasePtr read(const OdString& path);
   static OdDbDatabasePtr readFromMemory(std::string bytes);
 
+  // The drawing of a damaged file, as much of it as can be read: a file cut short, sections
+  // left open, bad or repeated handles, owners and pointers to records that do not exist and
+  // blocks that show themselves are repaired or left out, each noted in report; the drawing is
+  // then audited and fixed. OdError only when the file cannot be read at all.
+  static OdDbDatabasePtr recover(const OdString& path, DxfRecoverReport& report);
+  static OdDbDatabasePtr recoverFromMemory(std::string bytes, DxfRecoverReport& report);
+
   // Writes atomically: a temporary file in the target's folder, flushed and synced, then renamed
   // over the target. On any failure the target is untouched and the temporary file removed
-  // (OdError eFileWriteError). eInvalidInput for a version that cannot be written.
+  // (OdError eFileWriteError). eInvalidInput for a version that cannot be written. A process
+  // killed while saving leaves the old file whole and its temporary ".<name>.<pid>.XXXXXX",
+  // which the next save of the same file removes once that process is gone.
   static void write(OdDbDatabase* database, const OdString& path,
                     const DxfWriteOptions& options = DxfWriteOptions());
   static std::string writeToMemory(OdDbDatabase* database,

@@ -18,6 +18,7 @@ ODRX_CONS_DEFINE_MEMBERS(DxfFileFiler, OdDbDxfFiler)
 namespace {
 constexpr int kSubclassCode = 100;
 constexpr int kControlCode = 102;
+constexpr int kPaperSpaceCode = 67;
 constexpr int kXDataAppCode = 1001;
 
 // Files before 2007 hold text in a code page; characters beyond ASCII go as \U+XXXX escapes,
@@ -64,18 +65,33 @@ DxfLeftovers DxfFileFiler::takeLeftovers() {
   DxfLeftovers leftovers;
   const std::vector<DxfTag>& tags = *m_tags;
   int subclass = 0;
-  int depth = 0;
   for (std::size_t i = 0; i < tags.size(); ++i) {
     const DxfTag& tag = tags[i];
     const int code = tag.code();
     if (code == kXDataAppCode) break;
-    if (code == kControlCode) {
-      const std::string_view value = tag.raw();
-      if (!value.empty() && value.front() == '{') ++depth;
-      if (!value.empty() && value.front() == '}' && depth > 0) --depth;
+    if (code == kControlCode && tag.raw().substr(0, 1) == "{") {
+      std::size_t end = i + 1;
+      while (end < tags.size() && tags[end].code() != kControlCode &&
+             tags[end].code() != kXDataAppCode)
+        ++end;
+      const bool closed = end < tags.size() && tags[end].code() == kControlCode;
+      const bool own =
+          tag.is(kControlCode, "{ACAD_REACTORS") || tag.is(kControlCode, "{ACAD_XDICTIONARY");
+      const bool taken = std::any_of(m_used.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                                     m_used.begin() + static_cast<std::ptrdiff_t>(end),
+                                     [](char used) { return used != 0; });
+      const std::size_t last = closed ? end : end - 1;
+      if (!own && !taken) {
+        for (std::size_t k = i; k <= last; ++k) {
+          DxfKeptTags one;
+          one.append(tags[k]);
+          leftovers.push_back({subclass, one[0], true});
+        }
+      }
+      i = last;
       continue;
     }
-    if (depth > 0) continue;
+    if (code == kControlCode) continue;
     if (code == kSubclassCode) {
       ++subclass;
       continue;
@@ -231,6 +247,15 @@ void DxfFileFiler::beforeWrite(int code) {
     m_inXData = true;
     return;
   }
+  // Readers take an object's groups only before its owner: groups kept there go first.
+  if (code == 330 && m_subclass == 0 && m_groupDepth == 0 && m_leftovers) {
+    for (std::size_t i = 0; i < m_leftovers->size(); ++i) {
+      const DxfLeftover& leftover = (*m_leftovers)[i];
+      if (m_leftoverDone[i] || !leftover.inGroup || leftover.subclass != 0) continue;
+      m_leftoverDone[i] = 1;
+      writeKept(leftover.item.code, leftover.item.value);
+    }
+  }
   if (code == kSubclassCode && m_groupDepth == 0) {
     flushLeftovers(false);
     ++m_subclass;
@@ -254,8 +279,9 @@ void DxfFileFiler::flushLeftovers(bool all) {
     if (m_leftoverDone[i] || (!all && leftover.subclass != m_subclass)) continue;
     m_leftoverDone[i] = 1;
     // What the object wrote itself in that subclass wins over what it once left unread.
-    if (leftover.subclass == m_subclass && std::find(m_codesWritten.begin(), m_codesWritten.end(),
-                                                     leftover.item.code) != m_codesWritten.end())
+    if (!leftover.inGroup && leftover.subclass == m_subclass &&
+        std::find(m_codesWritten.begin(), m_codesWritten.end(), leftover.item.code) !=
+            m_codesWritten.end())
       continue;
     writeKept(leftover.item.code, leftover.item.value);
   }
@@ -315,6 +341,12 @@ void DxfFileFiler::wrString(int groupCode, const OdString& value) {
     if (value.view().substr(0, 1) == "}" && m_groupDepth > 0) --m_groupDepth;
   }
   putString(groupCode, value);
+  // Readers tell paper space from model space by this flag, not by the owner.
+  if (m_paperSpace && groupCode == kSubclassCode && m_groupDepth == 0 && !m_inXData &&
+      value == "AcDbEntity") {
+    beforeWrite(kPaperSpaceCode);
+    m_writer->write(kPaperSpaceCode, std::int16_t{1});
+  }
 }
 void DxfFileFiler::wrBool(int groupCode, bool value) {
   beforeWrite(groupCode);

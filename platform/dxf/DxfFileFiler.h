@@ -13,10 +13,12 @@
 class DxfTagWriter;
 
 // A tag that an object's reader did not take, with the subclass it was found in (the number of
-// subclass markers before it in the record).
+// subclass markers before it in the record). Tags of an application's 102 group are written
+// back whatever the object writes.
 struct DxfLeftover {
   int subclass;
   DxfKeptTags::Item item;
+  bool inGroup = false;
 };
 using DxfLeftovers = std::vector<DxfLeftover>;
 
@@ -31,8 +33,9 @@ class DxfFileFiler : public OdDbDxfFiler {
 
   // Reading: the tags of one record, after its 0 tag; they must outlive the reading.
   void startRecord(const std::vector<DxfTag>* tags);
-  // The tags of the record from the cursor up to the extended data that no reader took: the
-  // leftovers of the object just read. Control groups (102) are not kept.
+  // The tags of the record up to the extended data that no reader took: the leftovers of the
+  // object just read. A 102 group none of whose tags was taken is kept whole; the reactor and
+  // extension-dictionary groups are the object's own.
   DxfLeftovers takeLeftovers();
   // Index of the next tag to read; seek makes index the next one.
   std::size_t cursor() const { return m_next; }
@@ -50,6 +53,8 @@ class DxfFileFiler : public OdDbDxfFiler {
     m_writer = writer;
     m_textFile = textFile;
   }
+  // Entities written while set are flagged as paper space (67) after their entity marker.
+  void setPaperSpace(bool paperSpace) { m_paperSpace = paperSpace; }
   void beginObject(const DxfLeftovers* leftovers, OdDbHandle handle = OdDbHandle(),
                    OdDbObjectId owner = OdDbObjectId::kNull, int handleCode = 5);
   void endObject();
@@ -127,5 +132,6 @@ class DxfFileFiler : public OdDbDxfFiler {
   OdDbHandle m_handle;
   OdDbObjectId m_owner;
   int m_handleCode = 5;
+  bool m_paperSpace = false;
 };
 using DxfFileFilerPtr = OdSmartPtr<DxfFileFiler>;

@@ -4,16 +4,19 @@
 #include <algorithm>
 
 #include "platform/db/OdDbAttribute.h"
+#include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTable.h"
 #include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDictionary.h"
+#include "platform/db/OdDbDictionaryIterator.h"
 #include "platform/db/OdDbLayerTable.h"
 #include "platform/db/OdDbLayerTableRecord.h"
 #include "platform/db/OdDbRegAppTable.h"
 #include "platform/db/OdDbRegAppTableRecord.h"
 #include "platform/db/OdDbUnknownEntity.h"
 #include "platform/db/OdDbUnknownObject.h"
+#include "platform/db/OdDbWriteGuard.h"
 #include "platform/db/entities/OdDb2dPolyline.h"
 #include "platform/db/entities/OdDb3dPolyline.h"
 #include "platform/dxf/DxfFileVersion.h"
@@ -53,9 +56,168 @@ std::size_t handleIndex(const std::vector<DxfTag>& tags) {
 bool hasMarker(const std::vector<DxfTag>& tags, std::string_view marker) {
   return std::any_of(tags.begin(), tags.end(), [&](const DxfTag& t) { return t.is(100, marker); });
 }
+
+// Record, table and section names are written as they are: they cannot hold a line break.
+bool isPlainName(std::string_view name) {
+  return std::none_of(name.begin(), name.end(),
+                      [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+}
+
+bool isPointerCode(int code) {
+  return (code >= 320 && code <= 369) || (code >= 390 && code <= 399) || code == 480 || code == 481;
+}
+
+bool parseHandle(const DxfTag& tag, OdDbHandle& handle) {
+  try {
+    handle = tag.asHandle();
+    return true;
+  } catch (const OdError&) {
+    return false;
+  }
+}
 }  // namespace
 
-DxfFileReader::DxfFileReader(DxfTagReader& tags) : m_reader(tags) {}
+DxfFileReader::DxfFileReader(DxfTagReader& tags, DxfRecoverReport* recovery)
+    : m_reader(tags), m_recovery(recovery) {}
+
+void DxfFileReader::surveyHandles(DxfTagReader& tags) {
+  DxfTag tag;
+  bool header = false;
+  bool sectionName = false;
+  try {
+    while (tags.next(tag)) {
+      const int code = tag.code();
+      if (sectionName && code == 2) header = tag.is(2, "HEADER");
+      sectionName = tag.is(0, "SECTION");
+      OdDbHandle handle;
+      if ((code == 5 || code == 105) && !header && parseHandle(tag, handle) && !handle.isNull()) {
+        m_fileHandles.insert(handle.value());
+        m_largestHandle = std::max(m_largestHandle.value(), handle.value());
+      }
+    }
+  } catch (const OdError&) {
+    // The main pass reports where the tags stop.
+  }
+}
+
+bool DxfFileReader::nextTag(DxfTag& tag) {
+  if (!recovering()) return m_reader.next(tag);
+  if (m_inputStopped) return false;
+  try {
+    if (m_reader.next(tag)) return true;
+  } catch (const OdError& e) {
+    m_recovery->add(DxfRecoverReport::kTruncated,
+                    e.description() + "; the rest of the file is left out");
+    m_truncationReported = true;
+  }
+  m_inputStopped = true;
+  return false;
+}
+
+void DxfFileReader::reportAt(const char* code, const std::string& what,
+                             std::vector<OdDbHandle> handles) {
+  m_recovery->add(code, m_head.position().str() + ": " + headName().str() + " record: " + what,
+                  std::move(handles));
+}
+
+template <typename Read>
+void DxfFileReader::guarded(Read&& read) {
+  if (!recovering()) {
+    read();
+    return;
+  }
+  m_recordId = OdDbObjectId::kNull;
+  try {
+    read();
+  } catch (const OdError& e) {
+    dropRecord(e);
+  }
+}
+
+void DxfFileReader::dropRecord(const OdError& error) {
+  std::vector<OdDbHandle> handles;
+  if (!m_recordId.isNull()) {
+    handles.push_back(m_recordId.getHandle());
+    if (!m_parent.isNull() && m_parent->objectId() == m_recordId) endFollowers();
+    if (!m_recordId.isErased()) OdDbWriteGuard(m_recordId)->erase();
+  }
+  m_recovery->add(DxfRecoverReport::kRecordDropped,
+                  error.description() + "; the record is left out", std::move(handles));
+  m_recordId = OdDbObjectId::kNull;
+}
+
+void DxfFileReader::skipSection(const std::string& why) {
+  m_recovery->add(DxfRecoverReport::kRecordDropped,
+                  why + "; the tags up to the next section are left out");
+  DxfTag tag;
+  while (nextTag(tag)) {
+    if (tag.is(0, "SECTION") || tag.is(0, "EOF")) {
+      m_reader.pushBack();
+      return;
+    }
+  }
+}
+
+OdDbHandle DxfFileReader::handleOf(const DxfTag& tag) {
+  if (!recovering()) return tag.asHandle();
+  OdDbHandle handle;
+  if (!parseHandle(tag, handle))
+    reportAt(DxfRecoverReport::kBadHandle,
+             tag.position().str() + ": '" + std::string(tag.raw().substr(0, kShownValue)) +
+                 "' is not a handle; a new one is given",
+             {});
+  return handle;
+}
+
+bool DxfFileReader::handleTaken(const OdDbHandle& handle) const {
+  const OdDbObjectId id = m_db->getOdDbObjectId(handle);
+  return (!id.isNull() && id.stub()->object()) || m_framingHandles.count(handle.value()) != 0;
+}
+
+void DxfFileReader::dropDanglingPointers(bool entity) {
+  m_droppedOwner = OdDbHandle();
+  bool beforeSubclasses = true;
+  int groupDepth = 0;
+  std::vector<DxfTag> kept;
+  kept.reserve(m_tags.size());
+  for (const DxfTag& tag : m_tags) {
+    const int code = tag.code();
+    if (code == 100) beforeSubclasses = false;
+    if (code == 102) groupDepth = tag.raw().substr(0, 1) == "{" ? 1 : 0;
+    OdDbHandle target;
+    if (!isPointerCode(code) || code == 1005) {
+      kept.push_back(tag);
+      continue;
+    }
+    const bool readable = parseHandle(tag, target);
+    if (readable && (target.isNull() || m_fileHandles.count(target.value()))) {
+      kept.push_back(tag);
+      continue;
+    }
+    const bool owner = code == 330 && beforeSubclasses && groupDepth == 0;
+    const std::string value(tag.raw().substr(0, kShownValue));
+    if (!readable) {
+      reportAt(DxfRecoverReport::kBadHandle,
+               tag.position().str() + ": '" + value + "' (group code " + std::to_string(code) +
+                   ") is not a handle; the pointer is dropped",
+               {});
+    } else if (owner) {
+      m_droppedOwner = target;
+      if (entity)
+        reportAt(DxfRecoverReport::kDanglingOwner,
+                 "owner " + value + " does not exist; the entity goes to its block or layout",
+                 {target});
+    } else {
+      reportAt(DxfRecoverReport::kDanglingPointer,
+               tag.position().str() + ": pointer " + value + " (group code " +
+                   std::to_string(code) + ") names no record; it is dropped",
+               {target});
+    }
+    // A dictionary entry is its name (3) and its object: neither stays without the other.
+    if ((code == 350 || code == 360) && !kept.empty() && kept.back().code() == 3) kept.pop_back();
+  }
+  m_tags.swap(kept);
+}
 
 void DxfFileReader::fail(const DxfTag& at, const std::string& what) const {
   throw OdError(eBadDxfSequence, at.position().str() + ": group code " + std::to_string(at.code()) +
@@ -71,53 +233,111 @@ OdDbDatabasePtr DxfFileReader::read() {
   m_info = DxfFileInfo::of(m_db.get(), true);
   m_filer = DxfFileFiler::createObject();
   m_filer->setDatabase(m_db.get());
+  // New handles (renumbered duplicates) must not meet a record further on.
+  if (recovering()) m_db->setHandseed(OdDbHandle(m_largestHandle.value() + 1));
   DxfTag tag;
   bool sawSection = false;
-  while (m_reader.next(tag)) {
-    if (tag.is(0, "EOF")) break;
-    if (!tag.is(0, "SECTION")) fail(tag, "expected 0/SECTION (the start of a section)");
+  while (nextTag(tag)) {
+    if (tag.is(0, "EOF")) {
+      m_sawEof = true;
+      break;
+    }
+    if (!tag.is(0, "SECTION")) {
+      if (!recovering()) fail(tag, "expected 0/SECTION (the start of a section)");
+      skipSection(tag.position().str() + ": group code " + std::to_string(tag.code()) +
+                  " outside any section");
+      continue;
+    }
     m_head = tag;
     DxfTag name;
-    if (!m_reader.next(name))
-      fail(tag, "but the file ends where 2 (the section name) was expected");
-    if (name.code() != 2) fail(name, "expected 2 (the section name)");
+    if (!nextTag(name)) {
+      if (!recovering()) fail(tag, "but the file ends where 2 (the section name) was expected");
+      break;
+    }
+    if (name.code() != 2 || !isPlainName(name.raw())) {
+      if (!recovering()) fail(name, "expected 2 (the section name, without control characters)");
+      m_reader.pushBack();
+      skipSection(name.position().str() + ": a section without a name");
+      continue;
+    }
     sawSection = true;
+    m_sectionEnded = false;
     const OdString section = name.asString().trimRight().makeUpper();
-    if (section == "HEADER")
-      readHeader();
-    else if (section == "CLASSES")
-      readClasses();
-    else if (section == "TABLES")
-      readTables();
-    else if (section == "BLOCKS")
-      readBlocks();
-    else if (section == "ENTITIES")
-      readEntities();
-    else if (section == "OBJECTS")
-      readObjects();
-    else
-      keepSection(section);
+    try {
+      if (section == "HEADER")
+        readHeader();
+      else if (section == "CLASSES")
+        readClasses();
+      else if (section == "TABLES")
+        readTables();
+      else if (section == "BLOCKS")
+        readBlocks();
+      else if (section == "ENTITIES")
+        readEntities();
+      else if (section == "OBJECTS")
+        readObjects();
+      else
+        keepSection(section);
+    } catch (const OdError& e) {
+      if (!recovering()) throw;
+      endFollowers();
+      m_openBlocks.clear();
+      skipSection("the " + section.str() + " section cannot be read on: " + e.description());
+    }
   }
   if (!sawSection)
     throw OdError(eInvalidDxfFile, "not a DXF file: it holds no section (0/SECTION expected at " +
                                        m_reader.position().str() + ")");
+  if (recovering() && !m_sawEof && !m_truncationReported)
+    m_recovery->add(DxfRecoverReport::kTruncated,
+                    "the file ends without 0/EOF (after " + m_reader.position().str() + ")");
   finish();
   return m_db;
 }
 
 bool DxfFileReader::nextRecord(const char* section) {
+  if (m_sectionEnded) return false;
   DxfTag tag;
-  if (!m_reader.next(tag))
-    throw OdError(eBadDxfSequence, std::string("the file ends inside the ") + section +
-                                       " section (after " + m_reader.position().str() +
-                                       "): expected 0/ENDSEC");
-  if (tag.code() != 0) fail(tag, "expected 0 (the start of a record)");
-  if (tag.is(0, "ENDSEC")) return false;
-  if (tag.is(0, "EOF"))
-    fail(tag, std::string("expected 0/ENDSEC to close the ") + section + " section");
+  bool stray = false;
+  while (true) {
+    if (!nextTag(tag)) {
+      const std::string where = std::string("the file ends inside the ") + section +
+                                " section (after " + m_reader.position().str() + ")";
+      if (!recovering()) throw OdError(eBadDxfSequence, where + ": expected 0/ENDSEC");
+      m_recovery->add(DxfRecoverReport::kUnterminated, where + "; the section ends there");
+      m_sectionEnded = true;
+      return false;
+    }
+    const bool named = isPlainName(tag.raw());
+    if (tag.code() == 0 && named) break;
+    if (!recovering())
+      fail(tag, tag.code() == 0 ? "expected a record name without control characters"
+                                : "expected 0 (the start of a record)");
+    if (!stray)
+      m_recovery->add(DxfRecoverReport::kRecordDropped,
+                      tag.position().str() + ": group code " + std::to_string(tag.code()) +
+                          (named ? "" : " with control characters") +
+                          " where a record should start; the tags up to the next record are "
+                          "left out");
+    stray = true;
+  }
+  if (tag.is(0, "ENDSEC")) {
+    m_sectionEnded = true;
+    return false;
+  }
+  if (tag.is(0, "EOF") || (recovering() && tag.is(0, "SECTION"))) {
+    if (!recovering())
+      fail(tag, std::string("expected 0/ENDSEC to close the ") + section + " section");
+    m_recovery->add(DxfRecoverReport::kUnterminated,
+                    tag.position().str() + ": " + std::string(tag.raw()) + " met inside the " +
+                        section + " section; the section ends there");
+    m_reader.pushBack();
+    m_sectionEnded = true;
+    return false;
+  }
   m_head = tag;
   m_tags.clear();
-  while (m_reader.next(tag)) {
+  while (nextTag(tag)) {
     if (tag.code() == 0) {
       m_reader.pushBack();
       break;
@@ -130,27 +350,49 @@ bool DxfFileReader::nextRecord(const char* section) {
 void DxfFileReader::readHeader() {
   DxfTag tag;
   DxfFileInfo::HeaderVariable* variable = nullptr;
+  bool skipping = false;  // recovering: the tags of a variable left out
   while (true) {
-    if (!m_reader.next(tag))
-      throw OdError(eBadDxfSequence, "the file ends inside the HEADER section (after " +
-                                         m_reader.position().str() + "): expected 0/ENDSEC");
+    if (!nextTag(tag)) {
+      const std::string where =
+          "the file ends inside the HEADER section (after " + m_reader.position().str() + ")";
+      if (!recovering()) throw OdError(eBadDxfSequence, where + ": expected 0/ENDSEC");
+      m_recovery->add(DxfRecoverReport::kUnterminated, where + "; the section ends there");
+      break;
+    }
     if (tag.code() == 0) {
-      if (!tag.is(0, "ENDSEC")) fail(tag, "expected 9 (a header variable) or 0/ENDSEC");
+      if (tag.is(0, "ENDSEC")) break;
+      if (!recovering() || !(tag.is(0, "SECTION") || tag.is(0, "EOF")))
+        fail(tag, "expected 9 (a header variable) or 0/ENDSEC");
+      m_recovery->add(DxfRecoverReport::kUnterminated,
+                      tag.position().str() + ": " + std::string(tag.raw()) +
+                          " met inside the HEADER section; the section ends there");
+      m_reader.pushBack();
       break;
     }
     if (tag.code() == 9) {
+      skipping = !isPlainName(tag.raw());
+      variable = nullptr;
+      if (skipping && !recovering())
+        fail(tag, "expected a header variable name without control characters");
+      if (skipping) {
+        m_recovery->add(DxfRecoverReport::kRecordDropped,
+                        tag.position().str() +
+                            ": a header variable name with control characters; it is left out");
+        continue;
+      }
       m_info->header.push_back({tag.asString(), DxfKeptTags()});
       variable = &m_info->header.back();
       continue;
     }
+    if (skipping) continue;
     if (!variable) fail(tag, "expected 9 (a header variable name)");
     variable->tags.append(tag);
     if (variable->name == "$ACADVER" && tag.code() == 1) {
       m_version = DxfFileVersion::fromName(tag.asString());
       m_filer->setVersion(m_version);
     } else if (variable->name == "$HANDSEED" && tag.code() == 5) {
-      const OdDbHandle seed = tag.asHandle();
-      m_db->setHandseed(seed);
+      const OdDbHandle seed = handleOf(tag);
+      if (seed.value() > m_db->handseed().value()) m_db->setHandseed(seed);
       // Handles run below the seed; a seed far beyond what the file can hold is not trusted.
       m_db->reserveHandles(static_cast<std::size_t>(
           std::min<std::uint64_t>(seed.value(), m_reader.size() / kSmallestRecordBytes)));
@@ -172,8 +414,10 @@ void DxfFileReader::readClasses() {
 
 void DxfFileReader::readTables() {
   while (nextRecord("TABLES")) {
-    if (!m_head.is(0, "TABLE")) fail(m_head, "expected 0/TABLE or 0/ENDSEC");
-    readTable();
+    guarded([&] {
+      if (!m_head.is(0, "TABLE")) fail(m_head, "expected 0/TABLE or 0/ENDSEC");
+      readTable();
+    });
   }
 }
 
@@ -181,6 +425,8 @@ void DxfFileReader::readTable() {
   auto nameAt =
       std::find_if(m_tags.begin(), m_tags.end(), [](const DxfTag& t) { return t.code() == 2; });
   if (nameAt == m_tags.end()) fail(m_head, "but the table has no name (group code 2)");
+  if (!isPlainName(nameAt->raw()))
+    fail(*nameAt, "expected a table name without control characters");
   const OdString name = nameAt->asString().trimRight().makeUpper();
   m_tags.erase(nameAt);
   if (!hasSubclassMarkers(m_tags)) DxfR12Markers::insert(name, DxfR12Markers::Kind::kTable, m_tags);
@@ -209,14 +455,25 @@ void DxfFileReader::readTable() {
   if (!recordClass) m_info->tables.push_back({name, tableId, {}});
 
   while (true) {
-    if (!nextRecord("TABLES")) fail(m_head, "the section ends where 0/ENDTAB was expected");
+    if (!nextRecord("TABLES")) {
+      if (!recovering()) fail(m_head, "the section ends where 0/ENDTAB was expected");
+      m_recovery->add(DxfRecoverReport::kUnterminated,
+                      "the " + name.str() + " table has no 0/ENDTAB; it ends with its section");
+      break;
+    }
     if (m_head.is(0, "ENDTAB")) break;
+    guarded([&] { readTableRecord(table.get(), recordClass); });
+  }
+}
+
+void DxfFileReader::readTableRecord(OdDbObject* table, OdRxClass* recordClass) {
+  {
     if (!hasSubclassMarkers(m_tags))
       DxfR12Markers::insert(headName(), DxfR12Markers::Kind::kTableRecord, m_tags);
     if (recordClass) {
       OdDbObjectPtr record = OdDbObject::cast(recordClass->create().get());
       readRecord(record.get(), true);
-      auto* symbols = static_cast<OdDbSymbolTable*>(table.get());
+      auto* symbols = static_cast<OdDbSymbolTable*>(table);
       record->setOwnerId(OdDbObjectId::kNull);
       try {
         symbols->add(static_cast<OdDbSymbolTableRecord*>(record.get()));
@@ -262,6 +519,8 @@ OdDbBlockTableRecord* DxfFileReader::openBlock(const OdDbObjectId& id) {
 }
 
 void DxfFileReader::readBlocks() {
+  // Entities of a file without a layer table still belong on this database's layers.
+  ensureLayerZero();
   while (nextRecord("BLOCKS")) {
     if (!m_head.is(0, "BLOCK")) fail(m_head, "expected 0/BLOCK or 0/ENDSEC");
     OdDbHandle beginHandle;
@@ -274,10 +533,10 @@ void DxfFileReader::readBlocks() {
     for (const DxfTag& tag : m_tags) {
       switch (tag.code()) {
         case 5:
-          beginHandle = tag.asHandle();
+          beginHandle = handleOf(tag);
           break;
         case 330:
-          ownerHandle = tag.asHandle();
+          ownerHandle = handleOf(tag);
           break;
         case 8:
           framing.layer = tag.asString();
@@ -322,16 +581,31 @@ void DxfFileReader::readBlocks() {
     block->setComments(comments);
     m_info->blockFraming[blockId.stub()] = framing;
 
+    bool closed = true;
     while (true) {
-      if (!nextRecord("BLOCKS"))
-        fail(m_head, "the section ends inside block \"" + name.str() + "\": expected 0/ENDBLK");
+      if (!nextRecord("BLOCKS")) {
+        if (!recovering())
+          fail(m_head, "the section ends inside block \"" + name.str() + "\": expected 0/ENDBLK");
+        m_recovery->add(DxfRecoverReport::kUnterminated,
+                        "block \"" + name.str() + "\" has no 0/ENDBLK; it ends with its section");
+        closed = false;
+        break;
+      }
       if (m_head.is(0, "ENDBLK")) break;
-      readEntity(blockId);
+      guarded([&] { readEntity(blockId); });
     }
     endFollowers();
-    const std::size_t end = handleIndex(m_tags);
-    const OdDbHandle endHandle = end == std::string::npos ? OdDbHandle() : m_tags[end].asHandle();
-    if (!beginHandle.isNull() && !endHandle.isNull()) {
+    const std::size_t end = closed ? handleIndex(m_tags) : std::string::npos;
+    const OdDbHandle endHandle = end == std::string::npos ? OdDbHandle() : handleOf(m_tags[end]);
+    if (recovering() && !beginHandle.isNull() && !endHandle.isNull() &&
+        (handleTaken(beginHandle) || handleTaken(endHandle) || beginHandle == endHandle)) {
+      reportAt(DxfRecoverReport::kDuplicateHandle,
+               "the BLOCK or ENDBLK handle of block \"" + name.str() +
+                   "\" is used already; new ones are given",
+               {beginHandle, endHandle});
+    } else if (!beginHandle.isNull() && !endHandle.isNull()) {
+      m_framingHandles.insert(beginHandle.value());
+      m_framingHandles.insert(endHandle.value());
       m_db->getOdDbObjectId(beginHandle, true);
       m_db->getOdDbObjectId(endHandle, true);
       m_info->setRecordHandles(blockId, {beginHandle, endHandle});
@@ -341,8 +615,9 @@ void DxfFileReader::readBlocks() {
 }
 
 void DxfFileReader::readEntities() {
+  ensureLayerZero();
   while (nextRecord("ENTITIES"))
-    readEntity(OdDbObjectId::kNull);
+    guarded([&] { readEntity(OdDbObjectId::kNull); });
   endFollowers();
   m_openBlocks.clear();
 }
@@ -377,14 +652,29 @@ void DxfFileReader::readEntity(const OdDbObjectId& block) {
         readRecord(end.get(), false, &handle);
       } else {
         const std::size_t at = handleIndex(m_tags);
-        if (at != std::string::npos) handle = m_tags[at].asHandle();
+        if (at != std::string::npos) handle = handleOf(m_tags[at]);
       }
       m_followerHandles.push_back(handle);
-      const bool allKept = std::none_of(m_followerHandles.begin(), m_followerHandles.end(),
-                                        [](const OdDbHandle& h) { return h.isNull(); });
-      if (allKept) {
+      bool allKept = std::none_of(m_followerHandles.begin(), m_followerHandles.end(),
+                                  [](const OdDbHandle& h) { return h.isNull(); });
+      if (allKept && recovering()) {
+        std::vector<OdDbHandle> taken;
+        std::unordered_set<std::uint64_t> seen;
         for (const OdDbHandle& kept : m_followerHandles)
+          if (handleTaken(kept) || !seen.insert(kept.value()).second) taken.push_back(kept);
+        if (!taken.empty()) {
+          reportAt(DxfRecoverReport::kDuplicateHandle,
+                   "handles of the records following " + parent->describe().str() +
+                       " are used already; new ones are given",
+                   taken);
+          allKept = false;
+        }
+      }
+      if (allKept) {
+        for (const OdDbHandle& kept : m_followerHandles) {
           m_db->getOdDbObjectId(kept, true);
+          m_framingHandles.insert(kept.value());
+        }
         m_info->setRecordHandles(parent->objectId(), std::move(m_followerHandles));
       }
       endFollowers();
@@ -455,10 +745,14 @@ void DxfFileReader::readEntity(const OdDbObjectId& block) {
 
 void DxfFileReader::readObjects() {
   while (nextRecord("OBJECTS")) {
-    OdDbObjectPtr object = createRecord(false);
-    readRecord(object.get(), true);
-    if (m_db->getNamedObjectsDictionaryId().isNull() && object->isKindOf(OdDbDictionary::desc()))
-      m_db->setNamedObjectsDictionaryId(object->objectId());
+    guarded([&] {
+      OdDbObjectPtr object = createRecord(false);
+      readRecord(object.get(), true);
+      if (m_db->getNamedObjectsDictionaryId().isNull() && object->isKindOf(OdDbDictionary::desc()))
+        m_db->setNamedObjectsDictionaryId(object->objectId());
+      else if (!m_droppedOwner.isNull())
+        m_orphans.push_back({object->objectId(), m_droppedOwner});
+    });
   }
 }
 
@@ -466,11 +760,22 @@ void DxfFileReader::keepSection(const OdString& name) {
   DxfFileInfo::KeptSection section{name, DxfKeptTags()};
   DxfTag tag;
   while (true) {
-    if (!m_reader.next(tag))
-      throw OdError(eBadDxfSequence, "the file ends inside the " + name.str() + " section (after " +
-                                         m_reader.position().str() + "): expected 0/ENDSEC");
+    if (!nextTag(tag)) {
+      const std::string where = "the file ends inside the " + name.str() + " section (after " +
+                                m_reader.position().str() + ")";
+      if (!recovering()) throw OdError(eBadDxfSequence, where + ": expected 0/ENDSEC");
+      m_recovery->add(DxfRecoverReport::kUnterminated, where + "; the section ends there");
+      break;
+    }
     if (tag.is(0, "ENDSEC")) break;
-    if (tag.is(0, "EOF")) fail(tag, "expected 0/ENDSEC to close the " + name.str() + " section");
+    if (tag.is(0, "EOF") || (recovering() && tag.is(0, "SECTION"))) {
+      if (!recovering()) fail(tag, "expected 0/ENDSEC to close the " + name.str() + " section");
+      m_recovery->add(DxfRecoverReport::kUnterminated,
+                      tag.position().str() + ": " + std::string(tag.raw()) + " met inside the " +
+                          name.str() + " section; the section ends there");
+      m_reader.pushBack();
+      break;
+    }
     section.tags.append(tag);
   }
   m_info->sections.push_back(std::move(section));
@@ -505,8 +810,16 @@ OdDbObjectPtr DxfFileReader::createRecord(bool entity) {
 }
 
 void DxfFileReader::readRecord(OdDbObject* object, bool resident, OdDbHandle* handleOut) {
-  const std::size_t at = handleIndex(m_tags);
-  const OdDbHandle handle = at == std::string::npos ? OdDbHandle() : m_tags[at].asHandle();
+  std::size_t at = handleIndex(m_tags);
+  OdDbHandle handle = at == std::string::npos ? OdDbHandle() : handleOf(m_tags[at]);
+  OdDbHandle renumbered;
+  if (recovering() && at != std::string::npos && (handle.isNull() || handleTaken(handle))) {
+    renumbered = handle;
+    handle = OdDbHandle();
+    m_tags.erase(m_tags.begin() + static_cast<std::ptrdiff_t>(at));
+    at = std::string::npos;
+  }
+  if (recovering()) dropDanglingPointers(object->isKindOf(OdDbEntity::desc()));
   const auto context = [&]() {
     const OdRxClass* cls = object->isA();
     return m_head.position().str() + ": " + headName().str() + " record (handle " +
@@ -515,11 +828,20 @@ void DxfFileReader::readRecord(OdDbObject* object, bool resident, OdDbHandle* ha
   };
   if (resident) {
     try {
-      m_db->addOdDbObject(object, OdDbObjectId::kNull, handle);
+      m_recordId = m_db->addOdDbObject(object, OdDbObjectId::kNull, handle);
     } catch (const OdError& e) {
       throw OdError(e.code(), context() + ": " + e.description());
     }
+    if (!renumbered.isNull())
+      reportAt(DxfRecoverReport::kDuplicateHandle,
+               "handle " + renumbered.ascii().str() + " is used already; the record becomes " +
+                   m_recordId.getHandle().ascii().str(),
+               {renumbered, m_recordId.getHandle()});
   } else {
+    if (!renumbered.isNull())
+      reportAt(DxfRecoverReport::kDuplicateHandle,
+               "handle " + renumbered.ascii().str() + " is used already; a new one is given",
+               {renumbered});
     if (at != std::string::npos) m_tags.erase(m_tags.begin() + static_cast<std::ptrdiff_t>(at));
     if (handleOut) *handleOut = handle;
   }
@@ -560,24 +882,25 @@ void DxfFileReader::readRecord(OdDbObject* object, bool resident, OdDbHandle* ha
   }
 }
 
+void DxfFileReader::ensureLayerZero() {
+  if (m_db->getLayerTableId().isNull()) {
+    OdDbLayerTablePtr layers = OdDbLayerTable::createObject();
+    m_db->setLayerTableId(m_db->addOdDbObject(layers.get()));
+  }
+  OdDbObjectPtr layers = m_db->openObject(m_db->getLayerTableId(), OdDb::kForWrite);
+  auto* table = static_cast<OdDbSymbolTable*>(layers.get());
+  if (!table->lookup("0").isNull()) return;
+  OdDbLayerTableRecordPtr zero = OdDbLayerTableRecord::createObject();
+  zero->setName("0");
+  table->add(zero.get());
+}
+
 void DxfFileReader::finish() {
   endFollowers();
   m_openBlocks.clear();
   blockNamed("*Model_Space", true);
   blockNamed("*Paper_Space", true);
-  if (m_db->getLayerTableId().isNull()) {
-    OdDbLayerTablePtr layers = OdDbLayerTable::createObject();
-    m_db->setLayerTableId(m_db->addOdDbObject(layers.get()));
-  }
-  {
-    OdDbObjectPtr layers = m_db->openObject(m_db->getLayerTableId(), OdDb::kForWrite);
-    auto* table = static_cast<OdDbSymbolTable*>(layers.get());
-    if (table->lookup("0").isNull()) {
-      OdDbLayerTableRecordPtr zero = OdDbLayerTableRecord::createObject();
-      zero->setName("0");
-      table->add(zero.get());
-    }
-  }
+  ensureLayerZero();
   if (m_db->getRegAppTableId().isNull()) {
     OdDbRegAppTablePtr apps = OdDbRegAppTable::createObject();
     m_db->setRegAppTableId(m_db->addOdDbObject(apps.get()));
@@ -587,14 +910,115 @@ void DxfFileReader::finish() {
     try {
       m_db->openObject(pending.id, OdDb::kForWrite)->setXData(pending.items.get());
     } catch (const OdError& e) {
-      throw OdError(e.code(),
-                    pending.context + ": its extended data is malformed: " + e.description());
+      const std::string what =
+          pending.context + ": its extended data is malformed: " + e.description();
+      if (!recovering()) throw OdError(e.code(), what);
+      if (!pending.id.isErased())
+        m_recovery->add(DxfRecoverReport::kRecordDropped, what + "; the extended data is left out",
+                        {pending.id.getHandle()});
     }
   }
   m_pendingXData.clear();
   if (m_db->getNamedObjectsDictionaryId().isNull()) {
     OdDbDictionaryPtr named = OdDbDictionary::createObject();
     m_db->setNamedObjectsDictionaryId(m_db->addOdDbObject(named.get()));
+  }
+  m_db->invalidateBlockReferenceLists();
+  if (!recovering()) return;
+  reownOrphans();
+  breakBlockCycles();
+  OdDbAuditInfo audit(true);
+  m_db->auditDatabase(&audit);
+  for (const OdDbAuditInfo::Error& error : audit.errors())
+    m_recovery->add(DxfRecoverReport::kAudit, error.object.str() + ": " + error.value.str() +
+                                                  ", expected " + error.validation.str() +
+                                                  "; fixed: " + error.defaultValue.str());
+}
+
+void DxfFileReader::reownOrphans() {
+  // An object that its dictionary still lists goes back to that dictionary.
+  std::unordered_map<OdDbStub*, OdDbObjectId> listedBy;
+  for (const OdDbObjectId& id : m_db->objectIds()) {
+    if (id.isErased() || !id.stub()->object()->isKindOf(OdDbDictionary::desc())) continue;
+    OdDbObjectPtr dictionary = m_db->openObject(id);
+    for (OdDbDictionaryIteratorPtr it =
+             static_cast<OdDbDictionary*>(dictionary.get())->newIterator();
+         !it->done(); it->next())
+      listedBy.emplace(it->objectId().stub(), id);
+  }
+  OdDbObjectPtr named = m_db->openObject(m_db->getNamedObjectsDictionaryId(), OdDb::kForWrite);
+  for (const Orphan& orphan : m_orphans) {
+    if (orphan.id.isErased()) continue;
+    const OdDbHandle handle = orphan.id.getHandle();
+    auto listed = listedBy.find(orphan.id.stub());
+    std::string owner;
+    if (listed != listedBy.end()) {
+      OdDbWriteGuard(orphan.id)->setOwnerId(listed->second);
+      owner = "the dictionary that lists it, " + listed->second.getHandle().ascii().str();
+    } else {
+      const OdString key = "RECOVERED_" + handle.ascii();
+      OdDbObjectPtr object = m_db->openObject(orphan.id, OdDb::kForWrite);
+      static_cast<OdDbDictionary*>(named.get())->setAt(key, object.get());
+      owner = "the named-objects dictionary under \"" + key.str() + "\"";
+    }
+    m_recovery->add(DxfRecoverReport::kDanglingOwner,
+                    "object " + handle.ascii().str() + ": owner " + orphan.owner.ascii().str() +
+                        " does not exist; re-owned by " + owner,
+                    {handle, orphan.owner});
+  }
+  m_orphans.clear();
+}
+
+void DxfFileReader::breakBlockCycles() {
+  // Per block, the references it holds and the blocks they show.
+  std::unordered_map<OdDbStub*, std::vector<std::pair<OdDbObjectId, OdDbObjectId>>> shows;
+  std::vector<OdDbObjectId> blocks;
+  for (const OdDbObjectId& id : m_db->objectIds()) {
+    if (id.isErased()) continue;
+    OdDbObjectPtr object = m_db->openObject(id);
+    if (object->isKindOf(OdDbBlockTableRecord::desc())) blocks.push_back(id);
+    if (const auto* reference = OdDbBlockReference::cast(object.get()).get())
+      shows[reference->ownerId().stub()].emplace_back(id, reference->blockTableRecord());
+  }
+  const auto nameOf = [&](const OdDbObjectId& id) {
+    OdDbObjectPtr object = m_db->openObject(id);
+    const auto* block = OdDbBlockTableRecord::cast(object.get()).get();
+    return block ? "\"" + block->getName().str() + "\"" : id.getHandle().ascii().str();
+  };
+  enum class Visit : std::uint8_t { kOpen, kDone };
+  std::unordered_map<OdDbStub*, Visit> visits;
+  struct Step {
+    OdDbObjectId block;
+    std::size_t next;
+  };
+  // Depth first without recursion: nesting in a damaged file can be arbitrarily deep.
+  for (const OdDbObjectId& start : blocks) {
+    if (visits.count(start.stub())) continue;
+    std::vector<Step> path{{start, 0}};
+    visits[start.stub()] = Visit::kOpen;
+    while (!path.empty()) {
+      Step& step = path.back();
+      const auto& edges = shows[step.block.stub()];
+      if (step.next == edges.size()) {
+        visits[step.block.stub()] = Visit::kDone;
+        path.pop_back();
+        continue;
+      }
+      const auto [reference, shown] = edges[step.next++];
+      if (shown.isNull()) continue;
+      auto visit = visits.find(shown.stub());
+      if (visit == visits.end()) {
+        visits[shown.stub()] = Visit::kOpen;
+        path.push_back({shown, 0});
+      } else if (visit->second == Visit::kOpen) {
+        OdDbWriteGuard(reference)->erase();
+        m_recovery->add(DxfRecoverReport::kBlockCycle,
+                        "the reference " + reference.getHandle().ascii().str() + " in block " +
+                            nameOf(step.block) + " shows block " + nameOf(shown) +
+                            ", which holds that block itself; the reference is erased",
+                        {reference.getHandle()});
+      }
+    }
   }
   m_db->invalidateBlockReferenceLists();
 }

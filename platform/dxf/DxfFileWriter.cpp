@@ -412,9 +412,11 @@ void DxfFileWriter::writeBlocks() {
     writeBlockFraming(blockId, true);
     const OdString name =
         static_cast<OdDbBlockTableRecord*>(m_db->openObject(blockId).get())->getName();
+    m_filer->setPaperSpace(name.left(12).iEquals("*Paper_Space"));
     if (!isLayoutBlockInEntities(name))
       for (const PlannedEntity& planned : m_blockEntities[blockId.stub()])
         writeEntity(planned);
+    m_filer->setPaperSpace(false);
     writeBlockFraming(blockId, false);
   }
   endSection();
@@ -422,11 +424,14 @@ void DxfFileWriter::writeBlocks() {
 
 void DxfFileWriter::writeEntities() {
   beginSection("ENTITIES");
-  for (const OdDbObjectId& id : {m_db->getModelSpaceId(), m_db->getPaperSpaceId()}) {
+  const OdDbObjectId paperSpace = m_db->getPaperSpaceId();
+  for (const OdDbObjectId& id : {m_db->getModelSpaceId(), paperSpace}) {
     if (id.isNull()) continue;
+    m_filer->setPaperSpace(id == paperSpace);
     for (const PlannedEntity& planned : m_blockEntities[id.stub()])
       writeEntity(planned);
   }
+  m_filer->setPaperSpace(false);
   endSection();
 }
 

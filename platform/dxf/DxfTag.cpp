@@ -2,6 +2,7 @@
 #include "platform/dxf/DxfTag.h"
 
 #include <charconv>
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <string>
@@ -183,18 +184,22 @@ bool DxfTag::asBool() const {
 }
 
 double DxfTag::asDouble() const {
+  static constexpr const char* kFinite = "a finite real number";
   const char* expected = DxfGroupCode::kindName(DxfValueKind::kDouble);
   if (!isText()) {
     if (kind() != DxfValueKind::kDouble || m_value.size() != sizeof(double)) fail(expected);
     std::uint64_t bits = littleEndian(m_value);
     double value;
     std::memcpy(&value, &bits, sizeof value);
+    if (!std::isfinite(value)) fail(kFinite);
     return value;
   }
   std::string_view text = numberText(m_value);
   double value = 0.0;
   auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (text.empty() || ec != std::errc() || end != text.data() + text.size()) fail(expected);
+  // No geometry or measure holds infinities or "nan"; they would poison every computation.
+  if (!std::isfinite(value)) fail(kFinite);
   return value;
 }
 

@@ -79,8 +79,9 @@ TEST_F(DemoDrawing, IsBuiltSavedRenderedAndReadBackWithEveryBlock) {
   QStringList gripKinds;
   for (const QJsonValue& grip : block(report, "Door")["grips"].toArray()) {
     gripKinds << grip["kind"].toString();
-    if (grip["kind"].toString() == "Linear")
+    if (grip["kind"].toString() == "Linear") {
       EXPECT_EQ(grip["position"].toArray(), (QJsonArray{900, -50, 0}));
+    }
   }
   EXPECT_EQ(gripKinds, (QStringList{"Linear", "Flip", "Rotation"}));
   EXPECT_EQ(property(block(report, "Window"), "Size")["valueSet"].toObject(),

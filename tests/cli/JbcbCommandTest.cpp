@@ -245,3 +245,20 @@ TEST_F(JbcbCommand, CheckReportsErrorsByHandleAndFixesThem) {
   EXPECT_EQ(r.code, 0);
   EXPECT_TRUE(r.out.contains("no errors"));
 }
+
+TEST_F(JbcbCommand, CheckRecoverLoadsWhatItCanOfADamagedFileAndWritesItRepaired) {
+  QFile whole(plan("whole.dxf"));
+  ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
+  const QByteArray bytes = whole.readAll();
+  const QString cut = saveText("cut.dxf", bytes.left(bytes.size() * 3 / 5));
+  EXPECT_EQ(jbcb({"check", cut}).code, 1);
+  Result r = jbcb({"check", "--recover", cut});
+  EXPECT_EQ(r.code, 1);
+  EXPECT_TRUE(r.out.contains("  TRUNCATED: ")) << r.out.toStdString();
+  r = jbcb({"check", "--recover", cut, "-o", path("repaired.dxf")});
+  EXPECT_EQ(r.code, 0) << r.out.toStdString() << r.err.toStdString();
+  EXPECT_TRUE(jbcb({"check", path("repaired.dxf")}).out.contains("no errors"));
+  EXPECT_TRUE(jbcb({"check", "--recover", path("repaired.dxf")}).out.contains("no damage"));
+  EXPECT_EQ(jbcb({"check", cut, "-o", path("x.dxf")}).code, 2);
+  EXPECT_EQ(jbcb({"check", cut, "--fix", "--recover", "-o", path("x.dxf")}).code, 2);
+}
