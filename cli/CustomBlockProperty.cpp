@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "parameters/CJbCustBlockLookupParameter.h"
+#include "parameters/CJbCustBlockVisibilityParameter.h"
 
 namespace {
 constexpr double kPi = 3.14159265358979323846;
@@ -98,7 +99,10 @@ bool CustomBlockProperty::isState() const {
 
 std::vector<std::string> CustomBlockProperty::states(const CJbCustBlockParameter* parameter) const {
   std::vector<std::string> names;
-  if (const auto lookup = CJbCustBlockLookupParameter::cast(parameter)) {
+  if (const auto visibility = CJbCustBlockVisibilityParameter::cast(parameter)) {
+    for (unsigned i = 0; i < visibility->GetStateCount(); ++i)
+      names.push_back(visibility->GetStateName(i).str());
+  } else if (const auto lookup = CJbCustBlockLookupParameter::cast(parameter)) {
     for (unsigned i = 0; i < lookup->GetStateCount(); ++i)
       names.push_back(lookup->GetStateName(i).str());
   }

@@ -4,6 +4,7 @@
 #include "cli/FixtureDemoBlock.h"
 #include "cli/LampArmDemoBlock.h"
 #include "cli/PanelDemoBlock.h"
+#include "cli/TableDemoBlock.h"
 #include "cli/WindowDemoBlock.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
@@ -19,6 +20,7 @@ constexpr double kCaptionHeight = 100;
 DemoDrawingBuilder::DemoDrawingBuilder() {
   m_blocks.push_back(std::make_unique<DoorDemoBlock>());
   m_blocks.push_back(std::make_unique<LampArmDemoBlock>());
+  m_blocks.push_back(std::make_unique<TableDemoBlock>());
   m_blocks.push_back(std::make_unique<WindowDemoBlock>());
   m_blocks.push_back(std::make_unique<PanelDemoBlock>());
   m_blocks.push_back(std::make_unique<FixtureDemoBlock>());

@@ -1,5 +1,6 @@
 // A door in plan: frame, leaf and swing. Its width stretches in steps of 100 from 600 to 1200,
-// its hinge side mirrors across the wall and its leaf turns about the hinge.
+// its hinge side mirrors across the wall, its leaf turns about the hinge, and it shows open or
+// closed.
 #pragma once
 
 #include "cli/DemoBlock.h"

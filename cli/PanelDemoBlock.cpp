@@ -1,5 +1,6 @@
 #include "cli/PanelDemoBlock.h"
 
+#include "actions/CJbCustBlockArrayAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
 #include "parameters/CJbCustBlockXYParameter.h"
 #include "parameters/grips/CJbCustBlockXYGrip.h"
@@ -9,10 +10,11 @@ constexpr double kWidth = 1000;
 constexpr double kHeight = 600;
 // The corner opposite the base point.
 constexpr unsigned kCorner = 1;
+constexpr double kTilePitch = 200;
 }  // namespace
 
 std::string PanelDemoBlock::description() const {
-  return "XY size, width in steps of 100 and height in steps of 50";
+  return "XY size in steps of 100 by 50, filled with a grid of tiles every 200";
 }
 
 void PanelDemoBlock::author(CustomBlockAuthor& author) const {
@@ -20,7 +22,7 @@ void PanelDemoBlock::author(CustomBlockAuthor& author) const {
       author.addRectangle(OdGePoint3d::kOrigin, OdGePoint3d(kWidth, kHeight, 0));
   const OdDbObjectId inner =
       author.addRectangle(OdGePoint3d(50, 50, 0), OdGePoint3d(kWidth - 50, kHeight - 50, 0));
-  author.addText(OdGePoint3d(80, 80, 0), 60, "PANEL");
+  const OdDbObjectId tile = author.addRectangle(OdGePoint3d(100, 100, 0), OdGePoint3d(180, 180, 0));
 
   auto size = author.addParameter<CJbCustBlockXYParameter, CJbCustBlockXYGrip>(
       "PanelWidth", {OdGePoint3d::kOrigin, OdGePoint3d(kWidth, kHeight, 0)}, {kCorner});
@@ -31,6 +33,9 @@ void PanelDemoBlock::author(CustomBlockAuthor& author) const {
   auto stretch = author.addAction<CJbCustBlockStretchAction>(size.get(), kCorner, {outline, inner});
   CustomBlockAuthor::setFrame(stretch.get(), 0, OdGePoint3d(kWidth - 100, kHeight - 100, 0),
                               OdGePoint3d(kWidth + 100, kHeight + 100, 0));
+  auto tiles = author.addAction<CJbCustBlockArrayAction>(size.get(), kCorner, {tile});
+  tiles->SetColumnDistance(kTilePitch);
+  tiles->SetRowDistance(kTilePitch);
 }
 
 std::vector<DemoBlock::Edits> PanelDemoBlock::references() const {

@@ -83,7 +83,7 @@ TEST_F(DemoDrawing, IsBuiltSavedRenderedAndReadBackWithEveryBlock) {
       EXPECT_EQ(grip["position"].toArray(), (QJsonArray{900, -50, 0}));
     }
   }
-  EXPECT_EQ(gripKinds, (QStringList{"Linear", "Flip", "Rotation"}));
+  EXPECT_EQ(gripKinds.join(" ").toStdString(), "Linear Flip Rotation Visibility");
   EXPECT_EQ(property(block(report, "Window"), "Size")["valueSet"].toObject(),
             (QJsonObject{{"states", QJsonArray{"600x900", "900x1200"}}}));
 
