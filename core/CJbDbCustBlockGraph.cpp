@@ -294,8 +294,10 @@ OdArray<OdGePoint3d> CJbDbCustBlockGraph::GetCyclingPoints(OdArray<int>* ids) co
 
 namespace {
 OdSmartPtr<OdDbBlockReference> openBlockReference(const OdDbObjectId& blockRefId) {
-  OdSmartPtr<OdDbBlockReference> reference =
-      OdDbBlockReference::cast(blockRefId.safeOpenObject(OdDb::kForRead).get());
+  // The reference may be held open for write by the edit that updates its attributes.
+  OdDbObjectPtr object = blockRefId.openObjectShared(OdDb::kForRead);
+  if (object.isNull()) object = blockRefId.safeOpenObject(OdDb::kForRead);
+  OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(object.get());
   if (reference.isNull())
     throw OdError(eNotThatKindOfClass, "attribute update: object " +
                                            blockRefId.getHandle().ascii().str() +
@@ -398,6 +400,18 @@ int CJbDbCustBlockGraph::GetMajorVersion() const {
 int CJbDbCustBlockGraph::GetMinorVersion() const {
   assertReadEnabled();
   return m_pImpl->m_minorVersion;
+}
+
+bool CJbDbCustBlockGraph::IsOlderVersion() const {
+  assertReadEnabled();
+  const CJbDbCustBlockGraphImpl& impl = *m_pImpl;
+  return impl.m_majorVersion < CJbDbCustBlockGraphImpl::kCurrentMajorVersion ||
+         (impl.m_majorVersion == CJbDbCustBlockGraphImpl::kCurrentMajorVersion &&
+          impl.m_minorVersion < CJbDbCustBlockGraphImpl::kCurrentMinorVersion);
+}
+
+void CJbDbCustBlockGraph::UpgradeToCurrentVersion() {
+  if (IsOlderVersion()) UpdateToCurrentVersion();
 }
 
 const OdArray<int>& CJbDbCustBlockGraph::StoredCyclingOrder() const {

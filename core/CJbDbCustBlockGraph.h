@@ -57,6 +57,11 @@ class CJbDbCustBlockGraph : public OdDbObject {
   void SetBlockDefinitionId(const OdDbObjectId& blockDefId);
   int GetMajorVersion() const;
   int GetMinorVersion() const;
+  // Read at a format version older than the one this build writes.
+  bool IsOlderVersion() const;
+  // Brings a graph read at an older version to the current one, as an edit must before it saves
+  // state; a current or newer graph is left as it is.
+  void UpgradeToCurrentVersion();
   // Text that identifies the graph; the first item of every instance chain.
   OdString GetIdentifier() const;
 

@@ -37,6 +37,13 @@ OdDbObjectPtr OdDbObjectId::openObject(OdDb::OpenMode mode, bool openErased) con
   return object;
 }
 
+OdDbObjectPtr OdDbObjectId::openObjectShared(OdDb::OpenMode mode, bool openErased) const {
+  OdDbObject* open = m_stub ? m_stub->object() : nullptr;
+  if (open && open->openMode() == OdDb::kForWrite && (openErased || !open->isErased()))
+    return OdDbObjectPtr(open);
+  return openObject(mode, openErased);
+}
+
 OdDbObjectPtr OdDbObjectId::safeOpenObject(OdDb::OpenMode mode, bool openErased) const {
   if (!m_stub) throw OdError(eNullObjectId, "cannot open the null object id");
   return m_stub->database()->openObject(*this, mode, openErased);

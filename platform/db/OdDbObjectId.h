@@ -38,6 +38,10 @@ class OdDbObjectId {
   // Like openObject, reporting why it failed.
   OdResult openObject(OdDbObjectPtr& object, OdDb::OpenMode mode = OdDb::kForRead,
                       bool openErased = false) const;
+  // Like openObject, except that an object already open for write is handed out as it is: for
+  // the steps of one edit that reach an object an outer step of the same edit holds open.
+  OdDbObjectPtr openObjectShared(OdDb::OpenMode mode = OdDb::kForRead,
+                                 bool openErased = false) const;
 
   OdDbStub* stub() const noexcept { return m_stub; }
 

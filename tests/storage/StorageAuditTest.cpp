@@ -1,0 +1,116 @@
+// Damage the storage can meet in a drawing: entries of erased blocks, state that is no extension
+// record or does not load, masters without a graph, graphs and state of an older format. The audit
+// reports each, and with fixing on repairs it without losing anything else; removing a master
+// takes its instances along and points their references back at it.
+#include "StorageTestSupport.h"
+#include "platform/db/OdDbAuditInfo.h"
+#include "platform/db/OdDbDictionary.h"
+
+class StorageAuditTest : public StorageTest {
+ protected:
+  void SetUp() override {
+    StorageTest::SetUp();
+    door = addDoor("Door");
+    for (int i = 0; i < 3; ++i) {
+      references.push_back(addReference(db->getModelSpaceId(), door));
+      dragWidth(references.back(), OdGeVector3d(5.0 * (i + 1), 0, 0));
+    }
+  }
+
+  // Audits the drawing; the number of errors the storage reported.
+  int audit(bool fix) {
+    OdDbAuditInfo info(fix);
+    db->auditDatabase(&info);
+    int found = 0;
+    for (const auto& error : info.errors())
+      if (error.object.find("Storage") >= 0) ++found;
+    return found;
+  }
+
+  std::vector<OdDbObjectId> references;
+};
+
+TEST_F(StorageAuditTest, ErasedBlocksAndUnreadableStateAreReportedAndRepaired) {
+  // An instance block erased behind the storage's back.
+  const OdDbObjectId lost = blockOf(references[0]);
+  open<OdDbEntity>(references[0], OdDb::kForWrite)->erase(true);
+  open<OdDbBlockTableRecord>(lost, OdDb::kForWrite)->erase(true);
+  // State of the wrong shape.
+  const OdDbObjectId garbled = blockOf(references[1]);
+  storage(OdDb::kForWrite)
+      ->SetCustomData(garbled, chainOf({OdResBuf::newRb(OdResBuf::kRtString, "state"),
+                                        OdResBuf::newRb(1, "not a count")}));
+
+  EXPECT_EQ(audit(false), 2);
+  EXPECT_TRUE(storage()->IsBlockCustomizable(lost));
+  EXPECT_EQ(audit(true), 2);
+  EXPECT_EQ(audit(false), 0);
+  EXPECT_FALSE(storage()->IsBlockCustomizable(lost));
+  // The garbled block keeps its geometry and gets loadable state back; the rest is untouched.
+  EXPECT_TRUE(SameFrame(frameOf(garbled), DoorFrame(20)));
+  EXPECT_GT(savedWidth(garbled), 0.0);
+  EXPECT_NEAR(savedWidth(blockOf(references[2])), 25.0, 1e-9);
+  dragWidth(references[1], OdGeVector3d(5, 0, 0));
+  EXPECT_EQ(blockOf(references[1]), garbled);
+  EXPECT_TRUE(storage()->IsBlockMaster(door));
+}
+
+TEST_F(StorageAuditTest, CleanUpAndRemovingAMasterTakeInstancesAlong) {
+  const OdDbObjectId erased = blockOf(references[2]);
+  open<OdDbEntity>(references[2], OdDb::kForWrite)->erase(true);
+  open<OdDbBlockTableRecord>(erased, OdDb::kForWrite)->erase(true);
+  storage(OdDb::kForWrite)->CleanUp();
+  EXPECT_FALSE(storage()->IsBlockCustomizable(erased));
+  OdArray<OdDbObjectId> instances;
+  EXPECT_TRUE(storage()->GetAllBlockInstancesForMasterBlock(door, instances));
+  EXPECT_EQ(instances.length(), 2u);
+
+  OdDbObjectId graph;
+  storage()->GetMasterBlockGraphId(door, graph);
+  EXPECT_TRUE(storage(OdDb::kForWrite)->RemoveBlock(door, true));
+  EXPECT_FALSE(storage()->IsBlockCustomizable(door));
+  for (const OdDbObjectId& instance : instances)
+    EXPECT_FALSE(storage()->IsBlockCustomizable(instance));
+  EXPECT_EQ(blockOf(references[0]), door);
+  EXPECT_EQ(blockOf(references[1]), door);
+  EXPECT_TRUE(graph.isErased());
+  EXPECT_FALSE(storage(OdDb::kForWrite)->RemoveBlock(door, true));
+}
+
+TEST_F(StorageAuditTest, OutsideRoundTripDataIsStrippedFromBlocksAndReferences) {
+  const OdDbObjectId block = blockOf(references[0]);
+  {
+    OdDbBlockTableRecordPtr record = open<OdDbBlockTableRecord>(block, OdDb::kForWrite);
+    OdDbDictionaryPtr dictionary =
+        open<OdDbDictionary>(record->extensionDictionary(), OdDb::kForWrite);
+    dictionary->setAt("ACAD_ENHANCEDBLOCK", OdDbXrecord::createObject().get());
+    dictionary->setAt("AcDbDynamicBlockRoundTripPurgePreventer", OdDbXrecord::createObject().get());
+    record->setXData(
+        chainOf({OdResBuf::newRb(1001, "AcDbDynamicBlockGUID"), OdResBuf::newRb(1000, "{guid}"),
+                 OdResBuf::newRb(1001, "KEEP"), OdResBuf::newRb(1000, "mine")})
+            .get());
+    OdDbBlockReferencePtr reference = open<OdDbBlockReference>(references[0], OdDb::kForWrite);
+    reference->createExtensionDictionary();
+    open<OdDbDictionary>(reference->extensionDictionary(), OdDb::kForWrite)
+        ->setAt("AcDbBlockRepresentation", OdDbXrecord::createObject().get());
+  }
+  const OdDbObjectId enhanced =
+      open<OdDbDictionary>(open<OdDbBlockTableRecord>(block)->extensionDictionary())
+          ->getAt("ACAD_ENHANCEDBLOCK");
+  CJbDbCustBlockStorage::RemoveBlockCustomization(block, false, true);
+  OdDbBlockTableRecordPtr record = open<OdDbBlockTableRecord>(block);
+  OdDbDictionaryPtr dictionary = open<OdDbDictionary>(record->extensionDictionary());
+  EXPECT_TRUE(enhanced.isErased());
+  EXPECT_FALSE(dictionary->has("AcDbDynamicBlockRoundTripPurgePreventer"));
+  EXPECT_TRUE(dictionary->has("JbPurgePreventor"));
+  EXPECT_TRUE(record->xData("AcDbDynamicBlockGUID").isNull());
+  EXPECT_FALSE(record->xData("KEEP").isNull());
+  EXPECT_TRUE(storage()->IsBlockCustomizable(block));
+  record.release();
+  dictionary.release();
+
+  CJbDbCustBlockStorage::RemoveReferenceCustomization(references[0], true, true);
+  EXPECT_FALSE(storage()->IsBlockCustomizable(block));
+  EXPECT_EQ(blockOf(references[0]), door);
+  EXPECT_TRUE(open<OdDbBlockReference>(references[0])->extensionDictionary().isNull());
+}

@@ -1,0 +1,144 @@
+// The storage record in DWG and DXF: entries in id order, a master's graph owned and an
+// instance's only referred to, reserved values kept, out-of-place DXF codes refused with the
+// entries read so far kept; and the id rules of swapping masters and of mapping saved state.
+#include <algorithm>
+
+#include "StorageTestSupport.h"
+#include "platform/db/OdDbMemoryDwgFiler.h"
+
+namespace {
+// The entries of a DXF record: one text per item after the entry count.
+std::vector<std::vector<std::string>> dxfEntries(const OdResBuf* items) {
+  std::vector<std::string> texts = tagTexts(items);
+  auto marker = std::find(texts.begin(), texts.end(), "100 JbDbCustBlockStorage");
+  std::vector<std::vector<std::string>> entries;
+  for (auto it = marker + 4; it + 5 <= texts.end(); it += 5)
+    entries.emplace_back(it, it + 5);
+  return entries;
+}
+
+class MappingProbe : public CJbDbCustBlockStorage {
+ public:
+  using CJbDbCustBlockStorage::ApplyMappingToCustomData;
+};
+}  // namespace
+
+class StorageFilingTest : public StorageTest {
+ protected:
+  void SetUp() override {
+    StorageTest::SetUp();
+    door = addDoor("Door");
+    for (int i = 0; i < 3; ++i) {
+      const OdDbObjectId reference = addReference(db->getModelSpaceId(), door);
+      if (i < 2) dragWidth(reference, OdGeVector3d(5.0 * (i + 1), 0, 0));
+      blocks.push_back(blockOf(reference));
+    }
+    storage(OdDb::kForWrite)->GetMasterBlockGraphId(door, graph);
+  }
+
+  // What the storage says about each block, to compare two storages by.
+  std::vector<std::string> describe(const CJbDbCustBlockStorage* filed) {
+    std::vector<std::string> facts;
+    for (const OdDbObjectId& block : {blocks[0], blocks[1], door}) {
+      OdDbObjectId master, graphId;
+      const bool known = filed->GetMasterBlockId(block, master);
+      filed->GetMasterBlockGraphId(block, graphId);
+      facts.push_back(std::to_string(known) + " " + hex(master) + " " + hex(graphId) + " " +
+                      std::to_string(filed->IsBlockMaster(block)));
+    }
+    return facts;
+  }
+
+  std::vector<OdDbObjectId> blocks;
+  OdDbObjectId graph;
+};
+
+TEST_F(StorageFilingTest, EntriesAreFiledInIdOrderWithTheGraphOwnedByItsMaster) {
+  CJbDbCustBlockStoragePtr filed = storage();
+  const auto entries = dxfEntries(dxfItemsOf(filed.get()).get());
+  ASSERT_EQ(entries.size(), 3u);
+  std::vector<OdDbObjectId> ids = {door, blocks[0], blocks[1]};
+  std::sort(ids.begin(), ids.end());
+  for (std::size_t i = 0; i < ids.size(); ++i) {
+    EXPECT_EQ(entries[i][0], "330 " + hex(ids[i]));
+    EXPECT_EQ(entries[i][1], "330 " + hex(door));
+    EXPECT_EQ(entries[i][3], (ids[i] == door ? "360 " : "330 ") + hex(graph));
+  }
+  EXPECT_EQ(entries[std::find(ids.begin(), ids.end(), door) - ids.begin()][2], "100 Door");
+
+  const std::vector<std::string> facts = describe(filed.get());
+  const std::vector<std::string> items = tagTexts(dxfItemsOf(filed.get()).get());
+  filed.release();
+  filed = storage(OdDb::kForWrite);
+  OdDbMemoryDwgFilerPtr dwg = OdDbMemoryDwgFiler::createObject(db.get(), OdDb::kFileFiler);
+  filed->dwgOutFields(dwg.get());
+  EXPECT_TRUE(dwg->collectedIds(OdDb::kHardOwnershipRef).contains(graph));
+  EXPECT_EQ(std::count(dwg->collectedIds(OdDb::kSoftPointerRef).begin(),
+                       dwg->collectedIds(OdDb::kSoftPointerRef).end(), graph),
+            2);
+  dwg->seek(0, OdDb::kSeekFromStart);
+  ASSERT_EQ(filed->dwgInFields(dwg.get()), eOk);
+  EXPECT_EQ(describe(filed.get()), facts);
+  EXPECT_EQ(tagTexts(dxfItemsOf(filed.get()).get()), items);
+
+  // DXF comes back the same way.
+  OdDbResBufDxfFilerPtr dxf = OdDbResBufDxfFiler::createObject(db.get(), dxfItemsOf(filed.get()));
+  ASSERT_EQ(filed->dxfInFields(dxf.get()), eOk);
+  EXPECT_EQ(describe(filed.get()), facts);
+}
+
+TEST_F(StorageFilingTest, AnOutOfPlaceDxfCodeStopsReadingAndKeepsTheEntriesBefore) {
+  const OdResBufPtr items = dxfItemsOf(storage().get());
+  std::vector<std::string> texts = tagTexts(items.get());
+  const std::size_t marker =
+      std::find(texts.begin(), texts.end(), "100 JbDbCustBlockStorage") - texts.begin();
+  for (std::size_t broken : {marker + 1, marker + 4 + 5 + 2, marker + 4 + 5 + 4}) {
+    OdResBufPtr copy = items->copyChain();
+    OdResBuf* item = copy.get();
+    for (std::size_t i = 0; i < broken; ++i)
+      item = item->next().get();
+    item->setRestype(1);
+    CJbDbCustBlockStoragePtr read = storage(OdDb::kForWrite);
+    OdDbResBufDxfFilerPtr filer = OdDbResBufDxfFiler::createObject(db.get(), copy);
+    EXPECT_EQ(read->dxfInFields(filer.get()), eBadDxfSequence) << broken;
+    // Broken before the entries, the storage keeps what it had; broken in the second entry, the
+    // first is kept.
+    std::vector<OdDbObjectId> ids = {door, blocks[0], blocks[1]};
+    std::sort(ids.begin(), ids.end());
+    const bool beforeEntries = broken == marker + 1;
+    EXPECT_TRUE(read->IsBlockCustomizable(ids[0])) << broken;
+    EXPECT_EQ(read->IsBlockCustomizable(ids[1]), beforeEntries) << broken;
+    EXPECT_EQ(read->IsBlockCustomizable(ids[2]), beforeEntries) << broken;
+  }
+}
+
+TEST_F(StorageFilingTest, SwappingNeedsAMasterAndNoInstance) {
+  const std::vector<std::string> before = describe(storage().get());
+  const OdDbObjectId plainA = addBlock("A"), plainB = addBlock("B");
+  storage(OdDb::kForWrite)->SwapBlockIds(plainA, plainB);
+  storage(OdDb::kForWrite)->SwapBlockIds(door, blocks[0]);
+  storage(OdDb::kForWrite)->SwapBlockIds(door, OdDbObjectId::kNull);
+  EXPECT_EQ(describe(storage().get()), before);
+  EXPECT_FALSE(storage()->IsBlockCustomizable(plainA));
+
+  // A master swapped with a plain block: the entries and the graph follow.
+  storage(OdDb::kForWrite)->SwapBlockIds(plainA, door);
+  EXPECT_TRUE(storage()->IsBlockMaster(plainA));
+  EXPECT_FALSE(storage()->IsBlockCustomizable(door));
+  OdDbObjectId master;
+  EXPECT_TRUE(storage()->GetMasterBlockId(blocks[1], master));
+  EXPECT_EQ(master, plainA);
+  EXPECT_EQ(open<CJbDbCustBlockGraph>(graph)->GetBlockDefinitionId(), plainA);
+}
+
+TEST_F(StorageFilingTest, MappingRewritesOnlySoftPointers) {
+  const OdDbObjectId original = blocks[0], copy = blocks[1];
+  OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+  mapping->assign(OdDbIdPair(original, copy, true));
+  OdResBufPtr chain = chainOf({OdResBuf::newRb(330, original), OdResBuf::newRb(340, original),
+                               OdResBuf::newRb(360, original), OdResBuf::newRb(330, door)});
+  EXPECT_TRUE(MappingProbe::ApplyMappingToCustomData(chain, *mapping));
+  EXPECT_EQ(tagTexts(chain.get()),
+            (std::vector<std::string>{"330 " + hex(copy), "340 " + hex(original),
+                                      "360 " + hex(original), "330 " + hex(door)}));
+}

@@ -1,0 +1,43 @@
+// Shared set-up of the storage tests: the classes registered once, a drawing with a door block
+// (a frame polyline, a swing arc and a label; a linear width parameter with grips and a step of 5;
+// a stretch action on the right side) or its polar variant, references to it, and edits of one
+// reference through the editor helper.
+#pragma once
+
+#include <vector>
+
+#include "core/CJbDbCustBlockGraph.h"
+#include "platform/db/DbTestSupport.h"
+#include "platform/db/entities/OdDbPolyline.h"
+#include "storage/CJbDbCustBlockStorage.h"
+
+class StorageTest : public DbTest {
+ protected:
+  static void SetUpTestSuite();
+  static void TearDownTestSuite();
+
+  // The door: frame (0,0)-(10,1), arc of radius 10 about the origin, text; width parameter from
+  // the origin to (10,0) in steps of 5, its right grip stretching the right side. `polar` makes
+  // the parameter polar with a polar stretch instead. `extraLines` pads the block with short
+  // lines outside the stretch frame.
+  OdDbObjectId addDoor(const OdString& name, bool polar = false, int extraLines = 0);
+  CJbDbCustBlockStoragePtr storage(OdDb::OpenMode mode = OdDb::kForRead,
+                                   OdDbDatabase* database = nullptr);
+
+  // Drags the right width grip of the reference by `by` and commits the edit.
+  void dragWidth(const OdDbObjectId& reference, const OdGeVector3d& by);
+  OdDbObjectId blockOf(const OdDbObjectId& reference);
+  // The frame's vertices in the block's coordinates.
+  std::vector<OdGePoint2d> frameOf(const OdDbObjectId& block);
+  // The width parameter's value saved for the block.
+  double savedWidth(const OdDbObjectId& block);
+
+  OdDbObjectId door;
+  int widthParameter = 0;
+  int rightGrip = 0;
+};
+
+::testing::AssertionResult SameFrame(const std::vector<OdGePoint2d>& actual,
+                                     const std::vector<OdGePoint2d>& expected);
+// The frame of a door `width` wide.
+std::vector<OdGePoint2d> DoorFrame(double width);
