@@ -16,6 +16,7 @@
 #include "platform/OdPlatform.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
+#include "storage/CJbCustBlockStorageClasses.h"
 
 namespace {
 constexpr int kDoors = 10000;
@@ -34,13 +35,15 @@ void writeDoors(const std::string& path) {
   CustomBlockAuthor author(database.get(), "Door");
   DoorDemoBlock().author(author);
   const OdDbObjectId door = author.finish();
-  OdDbBlockTableRecordPtr modelSpace(database->getModelSpaceId().safeOpenObject(OdDb::kForWrite));
-  for (int i = 0; i < kDoors; ++i) {
-    OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
-    reference->setBlockTableRecord(door);
-    reference->setPosition(
-        OdGePoint3d(1500.0 * (i % kDoorsPerRow), 1500.0 * (i / kDoorsPerRow), 0));
-    modelSpace->appendOdDbEntity(reference.get());
+  {
+    OdDbBlockTableRecordPtr modelSpace(database->getModelSpaceId().safeOpenObject(OdDb::kForWrite));
+    for (int i = 0; i < kDoors; ++i) {
+      OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
+      reference->setBlockTableRecord(door);
+      reference->setPosition(
+          OdGePoint3d(1500.0 * (i % kDoorsPerRow), 1500.0 * (i / kDoorsPerRow), 0));
+      modelSpace->appendOdDbEntity(reference.get());
+    }
   }
   DrawingFile::write(database.get(), path, {});
 }
@@ -69,9 +72,11 @@ int main(int argc, char** argv) {
   CJbCustBlockCoreClasses::RxInit();
   CJbCustBlockParameterClasses::RxInit();
   CJbCustBlockActionClasses::RxInit();
+  CJbCustBlockStorageClasses::RxInit();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
+  CJbCustBlockStorageClasses::RxUninit();
   CJbCustBlockActionClasses::RxUninit();
   CJbCustBlockParameterClasses::RxUninit();
   CJbCustBlockCoreClasses::RxUninit();

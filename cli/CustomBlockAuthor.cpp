@@ -8,6 +8,7 @@
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/db/entities/OdDbPolyline.h"
 #include "platform/db/entities/OdDbText.h"
+#include "storage/CJbDbCustBlockStorage.h"
 
 CustomBlockAuthor::CustomBlockAuthor(OdDbDatabase* database, const OdString& name)
     : m_database(database), m_graph(CJbDbCustBlockGraph::createObject()) {
@@ -90,9 +91,13 @@ void CustomBlockAuthor::setFrame(CJbCustBlockAction* action, unsigned set, const
 }
 
 OdDbObjectId CustomBlockAuthor::finish() {
-  m_database->addOdDbObject(m_graph.get());
-  m_graph->SetBlockDefinitionId(m_blockId);
-  m_graph->Reset(m_blockId, false);
+  OdDbObjectId graphId = m_database->addOdDbObject(m_graph.get());
   m_graph.release();
+  const OdSmartPtr<CJbDbCustBlockStorage> storage =
+      CJbDbCustBlockStorage::GetStorage(m_database, OdDb::kForWrite, true);
+  if (!storage->AppendMasterBlock(m_blockId, graphId))
+    throw OdError(eInvalidInput, "the block cannot become customizable");
+  // The master shows the definition as authored, in its first states.
+  CJbDbCustBlockGraphPtr(graphId.safeOpenObject(OdDb::kForWrite))->Reset(m_blockId, false);
   return m_blockId;
 }

@@ -6,15 +6,21 @@
 #include "platform/db/OdDbBlockTable.h"
 #include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbSymbolTableIterator.h"
+#include "storage/CJbDbCustBlockStorage.h"
+
+namespace {
+// Opened per question, so that an edit in between can open it for write.
+OdSmartPtr<CJbDbCustBlockStorage> storageOf(OdDbDatabase* database) {
+  return CJbDbCustBlockStorage::GetStorage(database, OdDb::kForRead, false);
+}
+}  // namespace
 
 CustomBlockCatalog::CustomBlockCatalog(OdDbDatabase* database) : m_database(database) {
-  for (const OdDbObjectId& id : database->objectIds()) {
-    OdDbObjectPtr object;
-    if (database->openObject(object, id) != eOk) continue;
-    const CJbDbCustBlockGraphPtr graph = CJbDbCustBlockGraph::cast(object.get());
-    if (graph.isNull() || graph->GetBlockDefinitionId().isNull()) continue;
-    m_graphs[graph->GetBlockDefinitionId()] = id;
-    m_masters.push_back(graph->GetBlockDefinitionId());
+  const auto storage = storageOf(database);
+  if (storage.isNull()) return;
+  const OdSmartPtr<OdDbBlockTable> table(database->getBlockTableId().safeOpenObject());
+  for (OdDbSymbolTableIteratorPtr it = table->newIterator(); !it->done(); it->step()) {
+    if (storage->IsBlockMaster(it->getRecordId())) m_masters.push_back(it->getRecordId());
   }
   auto name = [](const OdDbObjectId& block) {
     return OdDbBlockTableRecordPtr(block.safeOpenObject())->getName();
@@ -24,16 +30,17 @@ CustomBlockCatalog::CustomBlockCatalog(OdDbDatabase* database) : m_database(data
 }
 
 OdDbObjectId CustomBlockCatalog::masterOf(const OdDbObjectId& block) const {
-  return m_graphs.count(block) ? block : OdDbObjectId();
+  const auto storage = storageOf(m_database);
+  OdDbObjectId master;
+  if (storage.isNull() || !storage->GetMasterBlockId(block, master)) return OdDbObjectId();
+  return master;
 }
 
 CJbDbCustBlockGraphPtr CustomBlockCatalog::graphOf(const OdDbObjectId& block) const {
-  const auto found = m_graphs.find(masterOf(block));
-  if (found == m_graphs.end()) return CJbDbCustBlockGraphPtr();
-  const CJbDbCustBlockGraphPtr master(found->second.safeOpenObject());
-  CJbDbCustBlockGraphPtr copy = CJbDbCustBlockGraph::createObject();
-  copy->copyFrom(master.get());
-  return copy;
+  const auto storage = storageOf(m_database);
+  CJbDbCustBlockGraphPtr graph;
+  if (storage.isNull() || !storage->GetUpdatedGraph(block, graph)) return CJbDbCustBlockGraphPtr();
+  return graph;
 }
 
 std::vector<OdDbObjectId> CustomBlockCatalog::references() const {

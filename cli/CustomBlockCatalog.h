@@ -3,7 +3,6 @@
 // show them in model and paper space.
 #pragma once
 
-#include <map>
 #include <vector>
 
 #include "core/CJbDbCustBlockGraph.h"
@@ -25,5 +24,4 @@ class CustomBlockCatalog {
  private:
   OdDbDatabase* m_database;
   std::vector<OdDbObjectId> m_masters;
-  std::map<OdDbObjectId, OdDbObjectId> m_graphs;  // master block to graph
 };

@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 #include <QString>
+#include <cmath>
 #include <sstream>
 
 #include "actions/CJbCustBlockAction.h"
@@ -27,8 +28,14 @@ QString nameOf(const CJbDbCustBlockGraph* graph, int id) {
   return node.isNull() ? QString() : QString::fromUtf8(node->GetName().c_str());
 }
 
+// Coordinates to a millionth of a unit: the noise below it does not survive a text file.
+double rounded(double value) {
+  const double r = std::round(value * 1e6) / 1e6;
+  return r == 0 ? 0.0 : r;
+}
+
 QJsonArray point(const OdGePoint3d& p) {
-  return {p.x, p.y, p.z};
+  return {rounded(p.x), rounded(p.y), rounded(p.z)};
 }
 
 QString blockName(const OdDbObjectId& block) {

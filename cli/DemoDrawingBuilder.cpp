@@ -1,5 +1,6 @@
 #include "cli/DemoDrawingBuilder.h"
 
+#include "cli/CustomBlockEditor.h"
 #include "cli/DoorDemoBlock.h"
 #include "cli/FixtureDemoBlock.h"
 #include "cli/LampArmDemoBlock.h"
@@ -12,8 +13,8 @@
 
 namespace {
 // Vertical distance between rows, and how far below its row a caption stands.
-constexpr double kRowPitch = 2600;
-constexpr double kCaptionDrop = 1000;
+constexpr double kRowPitch = 2900;
+constexpr double kCaptionDrop = 1300;
 constexpr double kCaptionHeight = 100;
 }  // namespace
 
@@ -38,6 +39,12 @@ OdDbDatabasePtr DemoDrawingBuilder::build() {
     block->author(author);
     placeRow(database.get(), *block, author.finish(), y);
     y -= kRowPitch;
+  }
+  CustomBlockEditor editor(database.get());
+  for (Placement& placement : m_placements) {
+    if (placement.edits.empty()) continue;
+    for (const CustomBlockEditor::Change& change : editor.set(placement.reference, placement.edits))
+      placement.results.push_back(change.value);
   }
   return database;
 }

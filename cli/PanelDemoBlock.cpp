@@ -30,8 +30,14 @@ void PanelDemoBlock::author(CustomBlockAuthor& author) const {
   size->GetValueInfoForModify(0)->SetIncrement(100, size.get());
   size->GetValueInfoForModify(1)->SetIncrement(50, size.get());
 
-  auto stretch = author.addAction<CJbCustBlockStretchAction>(size.get(), kCorner, {outline, inner});
-  CustomBlockAuthor::setFrame(stretch.get(), 0, OdGePoint3d(kWidth - 100, kHeight - 100, 0),
+  // The right side follows the corner across, the top side follows it up.
+  auto widen = author.addAction<CJbCustBlockStretchAction>(size.get(), kCorner, {outline, inner});
+  widen->SetAngleOffsetAndDistanceMultiplier(1.0, 0.0, CJbCustBlockAction::kXComponent);
+  CustomBlockAuthor::setFrame(widen.get(), 0, OdGePoint3d(kWidth - 100, -100, 0),
+                              OdGePoint3d(kWidth + 100, kHeight + 100, 0));
+  auto raise = author.addAction<CJbCustBlockStretchAction>(size.get(), kCorner, {outline, inner});
+  raise->SetAngleOffsetAndDistanceMultiplier(1.0, 0.0, CJbCustBlockAction::kYComponent);
+  CustomBlockAuthor::setFrame(raise.get(), 0, OdGePoint3d(-100, kHeight - 100, 0),
                               OdGePoint3d(kWidth + 100, kHeight + 100, 0));
   auto tiles = author.addAction<CJbCustBlockArrayAction>(size.get(), kCorner, {tile});
   tiles->SetColumnDistance(kTilePitch);

@@ -7,6 +7,7 @@
 #include "core/CJbCustBlockCoreClasses.h"
 #include "parameters/CJbCustBlockParameterClasses.h"
 #include "platform/OdPlatform.h"
+#include "storage/CJbCustBlockStorageClasses.h"
 
 namespace {
 // Qt's own notes (missing runtime folders, font fallbacks) are not the user's concern; jbcb
@@ -26,7 +27,9 @@ int main(int argc, char** argv) {
   CJbCustBlockCoreClasses::RxInit();
   CJbCustBlockParameterClasses::RxInit();
   CJbCustBlockActionClasses::RxInit();
+  CJbCustBlockStorageClasses::RxInit();
   const int code = CommandLine().run(argc, argv);
+  CJbCustBlockStorageClasses::RxUninit();
   CJbCustBlockActionClasses::RxUninit();
   CJbCustBlockParameterClasses::RxUninit();
   CJbCustBlockCoreClasses::RxUninit();
