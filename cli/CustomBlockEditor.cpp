@@ -1,5 +1,7 @@
 #include "cli/CustomBlockEditor.h"
 
+#include <map>
+
 #include "cli/CustomBlockProperty.h"
 #include "cli/CustomReferenceGrips.h"
 #include "platform/base/OdError.h"
@@ -18,6 +20,10 @@ OdDbObjectId blockOf(const OdDbObjectId& reference) {
     throw OdError(eNotThatKindOfClass,
                   "object " + handleOf(reference) + " is not a block reference");
   return entity->blockTableRecord();
+}
+
+bool hasAttributes(const OdDbObjectId& reference) {
+  return !OdDbBlockReferencePtr(reference.safeOpenObject())->attributeIterator()->done();
 }
 
 std::string listOf(const std::vector<std::string>& names) {
@@ -76,34 +82,53 @@ std::vector<CustomBlockEditor::Change> CustomBlockEditor::set(const OdDbObjectId
       throw OdError(eInvalidInput, error);
     planned.push_back({found, value});
   }
-  {
-    CJbCustBlockEditorHelper helper(reference);
-    const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
-    if (graph.isNull())
-      throw OdError(eNotApplicable, "reference " + handleOf(reference) + " cannot be edited");
-    for (std::size_t i = 0; i < planned.size(); ++i) {
-      const CJbCustBlockParameterPtr parameter = parameterOf(graph.get(), *planned[i].property);
-      if (parameter.isNull() ||
-          !parameter->SetValue(planned[i].property->index(), planned[i].value))
-        throw OdError(eInvalidInput,
-                      planned[i].property->name() + " refused \"" + assignments[i].second + "\"");
-    }
-    commit(helper, reference);
+  CJbCustBlockEditorHelper helper(reference);
+  // Still held after the commit: the graph as the evaluation left it.
+  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
+  if (graph.isNull())
+    throw OdError(eNotApplicable, "reference " + handleOf(reference) + " cannot be edited");
+  for (std::size_t i = 0; i < planned.size(); ++i) {
+    const CJbCustBlockParameterPtr parameter = parameterOf(graph.get(), *planned[i].property);
+    if (parameter.isNull() || !parameter->SetValue(planned[i].property->index(), planned[i].value))
+      throw OdError(eInvalidInput,
+                    planned[i].property->name() + " refused \"" + assignments[i].second + "\"");
   }
-  const CJbDbCustBlockGraphPtr after = graphOf(m_catalog, reference);
+  commit(helper, reference);
   std::vector<Change> changes;
   for (std::size_t i = 0; i < planned.size(); ++i) {
     const CustomBlockProperty& property = *planned[i].property;
     changes.push_back({property.name(), assignments[i].second,
-                       property.text(parameterOf(after.get(), property).get())});
+                       property.text(parameterOf(graph.get(), property).get())});
   }
   return changes;
+}
+
+std::vector<std::vector<CustomBlockEditor::Change>> CustomBlockEditor::setAll(
+    const std::vector<OdDbObjectId>& references, const Assignments& assignments) {
+  struct Outcome {
+    OdDbObjectId block;
+    std::vector<Change> changes;
+  };
+  std::map<OdDbObjectId, Outcome> byBlock;
+  std::vector<std::vector<Change>> results;
+  for (const OdDbObjectId& reference : references) {
+    const OdDbObjectId block = blockOf(reference);
+    const auto done = byBlock.find(block);
+    if (done != byBlock.end() && !hasAttributes(reference)) {
+      OdDbBlockReferencePtr(reference.safeOpenObject(OdDb::kForWrite))
+          ->setBlockTableRecord(done->second.block);
+      results.push_back(done->second.changes);
+      continue;
+    }
+    results.push_back(set(reference, assignments));
+    byBlock[block] = {blockOf(reference), results.back()};
+  }
+  return results;
 }
 
 std::vector<CustomBlockEditor::Change> CustomBlockEditor::drag(const OdDbObjectId& reference,
                                                                const std::string& grip,
                                                                const OdGePoint3d& to) {
-  const CJbDbCustBlockGraphPtr before = graphOf(m_catalog, reference);
   int gripId = 0;
   std::vector<std::string> names;
   for (const CustomReferenceGrips::Grip& shown : CustomReferenceGrips::of(m_catalog, reference)) {
@@ -115,20 +140,20 @@ std::vector<CustomBlockEditor::Change> CustomBlockEditor::drag(const OdDbObjectI
                                     "\"; it shows " + listOf(names));
   const OdGeMatrix3d toBlock =
       OdDbBlockReferencePtr(reference.safeOpenObject())->blockTransform().inverse();
-  {
-    CJbCustBlockEditorHelper helper(reference);
-    const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
-    if (graph.isNull())
-      throw OdError(eNotApplicable, "reference " + handleOf(reference) + " cannot be edited");
-    CJbCustBlockGrip::cast(graph->GetNode(gripId).get())->SetDisplayPosition(toBlock * to);
-    commit(helper, reference);
-  }
-  const CJbDbCustBlockGraphPtr after = graphOf(m_catalog, reference);
+  CJbCustBlockEditorHelper helper(reference);
+  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
+  if (graph.isNull())
+    throw OdError(eNotApplicable, "reference " + handleOf(reference) + " cannot be edited");
+  const std::vector<CustomBlockProperty> properties = CustomBlockProperty::of(graph.get());
+  std::vector<std::string> before;
+  for (const CustomBlockProperty& property : properties)
+    before.push_back(property.text(parameterOf(graph.get(), property).get()));
+  CJbCustBlockGrip::cast(graph->GetNode(gripId).get())->SetDisplayPosition(toBlock * to);
+  commit(helper, reference);
   std::vector<Change> changes;
-  for (const CustomBlockProperty& property : CustomBlockProperty::of(after.get())) {
-    const std::string old = property.text(parameterOf(before.get(), property).get());
-    const std::string now = property.text(parameterOf(after.get(), property).get());
-    if (old != now) changes.push_back({property.name(), old, now});
+  for (std::size_t i = 0; i < properties.size(); ++i) {
+    const std::string now = properties[i].text(parameterOf(graph.get(), properties[i]).get());
+    if (now != before[i]) changes.push_back({properties[i].name(), before[i], now});
   }
   return changes;
 }

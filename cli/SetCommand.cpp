@@ -84,10 +84,11 @@ int SetCommand::run() {
     }
     CustomBlockEditor editor(database.get());
     std::map<std::string, std::size_t> outcomes;
-    for (const OdDbObjectId& reference : references) {
-      const std::string result = describe(editor.set(reference, assignments));
+    const auto results = editor.setAll(references, assignments);
+    for (std::size_t i = 0; i < references.size(); ++i) {
+      const std::string result = describe(results[i]);
       if (references.size() <= kListedReferences)
-        out << reference.getHandle().ascii().str() << ": " << result << "\n";
+        out << references[i].getHandle().ascii().str() << ": " << result << "\n";
       ++outcomes[result];
     }
     if (references.size() > kListedReferences)

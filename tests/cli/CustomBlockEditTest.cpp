@@ -175,20 +175,37 @@ class CustomBlockBatch : public ::testing::Test {
 
 QTemporaryDir* CustomBlockBatch::folder = nullptr;
 
-TEST_F(CustomBlockBatch, SetAllReachesEveryReferenceWithItsOwnInstanceBlock) {
+TEST_F(CustomBlockBatch, SetAllReachesEveryReferenceAndALaterEditStaysWithItsReference) {
   const QString input = folder->filePath("doors.dxf"), output = folder->filePath("narrow.dxf");
   const JbcbResult r =
       runJbcb({"set", input, "--block", "Door", "--all", "Width=700", "-o", output});
   ASSERT_EQ(r.code, 0) << r.err.toStdString();
   EXPECT_TRUE(r.out.contains("1000 references: Width=700")) << r.out.toStdString();
-  const JbcbResult info = runJbcb({"info", "--blocks", "--json", output});
-  const QJsonArray references =
-      QJsonDocument::fromJson(info.out.toUtf8()).array()[0].toObject()["references"].toArray();
+  auto report = [](const QString& file) {
+    return QJsonDocument::fromJson(runJbcb({"info", "--blocks", "--json", file}).out.toUtf8())
+        .array()[0]
+        .toObject()["references"]
+        .toArray();
+  };
+  const QJsonArray references = report(output);
   ASSERT_EQ(references.size(), kDoors);
   std::set<QString> instances;
   for (const QJsonValue& reference : references) {
     EXPECT_EQ(reference["values"].toObject()["Width"].toDouble(), 700);
     instances.insert(reference["instanceBlock"].toString());
   }
-  EXPECT_EQ(instances.size(), static_cast<std::size_t>(kDoors));
+  // The same values on the same block give one shared instance block, not the master.
+  ASSERT_EQ(instances.size(), 1u);
+  EXPECT_TRUE(instances.begin()->startsWith("*U"));
+
+  const QString one = references[500]["handle"].toString();
+  ASSERT_EQ(runJbcb({"set", output, "--ref", one, "Width=1200", "--in-place"}).code, 0);
+  const QJsonArray after = report(output);
+  int wide = 0;
+  for (const QJsonValue& reference : after) {
+    const bool edited = reference["handle"].toString() == one;
+    wide += reference["values"].toObject()["Width"].toDouble() == 1200;
+    EXPECT_EQ(reference["instanceBlock"].toString() == *instances.begin(), !edited);
+  }
+  EXPECT_EQ(wide, 1);
 }
