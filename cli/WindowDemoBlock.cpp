@@ -49,7 +49,7 @@ void WindowDemoBlock::author(CustomBlockAuthor& author) const {
   }
   size->SetUnmatchedStateName("custom");
   author.addAction<CJbCustBlockLookupAction>(size.get(), 0, {});
-  size->UpdateActionConnections();
+  size->UpdateColumnConnections();
 }
 
 std::vector<DemoBlock::Edits> WindowDemoBlock::references() const {
