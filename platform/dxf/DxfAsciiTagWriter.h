@@ -18,6 +18,7 @@ class DxfAsciiTagWriter : public DxfTagWriter {
   void putChunk(int code, const std::uint8_t* data, std::size_t size) override;
 
  private:
+  static constexpr std::size_t kLongestCode = 6;  // "1071\r\n"
   // Write the code line, or the line end, at out; return the end.
   char* putCode(char* out, int code) const;
   char* endLine(char* out) const;
