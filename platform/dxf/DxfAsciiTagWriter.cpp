@@ -15,6 +15,13 @@ constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 
 // without its trailing zeros is the shortest.
 constexpr double kMaxSignificand = 1e15;
 constexpr std::size_t kLongestNumber = 32;  // a double's shortest text, with ".0" added
+// What fewDecimals may write, its whole digit buffer copies included.
+constexpr std::size_t kNumberRoom = 64;
+struct ZeroStep {
+  int digits;
+  std::uint64_t divisor;
+};
+constexpr ZeroStep kZeroSteps[] = {{4, 10000}, {2, 100}, {1, 10}};
 
 // Right-aligns digits at width in out; returns the end.
 char* rightAligned(char* out, const char* digits, std::size_t length, std::size_t width) {
@@ -37,11 +44,14 @@ char* fewDecimals(char* out, double value) {
   auto significand = static_cast<std::uint64_t>(magnitude * kPowersOfTen[decimals] + 0.5);
   // A double division is correctly rounded, as reading the decimal text back is.
   if (static_cast<double>(significand) / kPowersOfTen[decimals] != magnitude) return nullptr;
-  while (decimals > 0 && significand % 10 == 0) {
-    significand /= 10;
-    --decimals;
+  // Whole numbers are common and have all their decimals zero: strip them a few at a time.
+  for (const auto& step : kZeroSteps) {
+    while (decimals >= step.digits && significand % step.divisor == 0) {
+      significand /= step.divisor;
+      decimals -= step.digits;
+    }
   }
-  char digits[24];
+  char digits[24] = {};
   const auto count =
       static_cast<int>(std::to_chars(digits, digits + sizeof digits, significand).ptr - digits);
   int significant = count;
@@ -52,8 +62,9 @@ char* fewDecimals(char* out, double value) {
   if (plainForm > exponentForm) return nullptr;
   if (value < 0) *out++ = '-';
   const int whole = count - decimals;
+  // Fixed-size copies of the digit buffer: the room holds them, and they need no call.
   if (whole > 0) {
-    std::memcpy(out, digits, static_cast<std::size_t>(whole));
+    std::memcpy(out, digits, sizeof digits);
     out += whole;
   } else {
     *out++ = '0';
@@ -63,18 +74,12 @@ char* fewDecimals(char* out, double value) {
   for (int zero = whole; zero < 0; ++zero)
     *out++ = '0';
   const int fraction = whole > 0 ? whole : 0;
-  std::memcpy(out, digits + fraction, static_cast<std::size_t>(count - fraction));
+  std::memcpy(out, digits + fraction, sizeof digits - static_cast<std::size_t>(fraction));
   return out + (count - fraction);
 }
 }  // namespace
 
 DxfAsciiTagWriter::DxfAsciiTagWriter(LineEnd lineEnd) : m_crlf(lineEnd == LineEnd::kCrLf) {}
-
-char* DxfAsciiTagWriter::endLine(char* out) const {
-  if (m_crlf) *out++ = '\r';
-  *out++ = '\n';
-  return out;
-}
 
 char* DxfAsciiTagWriter::putCode(char* out, int code) const {
   if (code >= 1000) *out++ = static_cast<char>('0' + code / 1000);
@@ -108,7 +113,7 @@ void DxfAsciiTagWriter::putInteger(int code, DxfValueKind kind, std::int64_t val
 }
 
 void DxfAsciiTagWriter::putDouble(int code, double value) {
-  char* number = putCode(room(kLongestCode + kLongestNumber + 2), code);
+  char* number = putCode(room(kLongestCode + kNumberRoom + 2), code);
   char* end = fewDecimals(number, value);
   if (!end) end = std::to_chars(number, number + kLongestNumber, value).ptr;
   // Whole numbers keep a decimal point ("0.0", "-0.0") so they read as doubles at a glance.

@@ -21,7 +21,11 @@ class DxfAsciiTagWriter : public DxfTagWriter {
   static constexpr std::size_t kLongestCode = 6;  // "1071\r\n"
   // Write the code line, or the line end, at out; return the end.
   char* putCode(char* out, int code) const;
-  char* endLine(char* out) const;
+  char* endLine(char* out) const {
+    if (m_crlf) *out++ = '\r';
+    *out++ = '\n';
+    return out;
+  }
 
   bool m_crlf;
 };
