@@ -23,6 +23,23 @@ struct ZeroStep {
 };
 constexpr ZeroStep kZeroSteps[] = {{4, 10000}, {2, 100}, {1, 10}};
 
+// Group codes right-aligned in three columns (four from 1000 on), looked up rather than formatted.
+struct CodeColumns {
+  char text[DxfGroupCode::kLastFileCode + 1][4];
+};
+constexpr CodeColumns makeCodeColumns() {
+  CodeColumns table{};
+  for (int code = 0; code <= DxfGroupCode::kLastFileCode; ++code) {
+    const int width = code >= 1000 ? 4 : 3;
+    int rest = code;
+    for (int column = width - 1; column >= 0; --column, rest /= 10)
+      table.text[code][column] =
+          column == width - 1 || rest > 0 ? static_cast<char>('0' + rest % 10) : ' ';
+  }
+  return table;
+}
+constexpr CodeColumns kCodeColumns = makeCodeColumns();
+
 // Right-aligns digits at width in out; returns the end.
 char* rightAligned(char* out, const char* digits, std::size_t length, std::size_t width) {
   for (std::size_t pad = length; pad < width; ++pad)
@@ -31,8 +48,9 @@ char* rightAligned(char* out, const char* digits, std::size_t length, std::size_
   return out + length;
 }
 
-// The shortest text of a value with at most kMaxDecimals decimals, as std::to_chars writes it;
-// null when the value has more, or when that text would be in exponent form. Coordinates and
+// The shortest text of a value with at most kMaxDecimals decimals, as std::to_chars writes it,
+// whole numbers with ".0" added so that they read as doubles at a glance ("0.0", "-0.0"); null
+// when the value has more decimals, or when that text would be in exponent form. Coordinates and
 // sizes in drawings are mostly such values, and this is several times cheaper.
 char* fewDecimals(char* out, double value) {
   if (value == 0.0 && std::signbit(value)) return nullptr;
@@ -69,8 +87,11 @@ char* fewDecimals(char* out, double value) {
   } else {
     *out++ = '0';
   }
-  if (decimals == 0) return out;
   *out++ = '.';
+  if (decimals == 0) {
+    *out++ = '0';
+    return out;
+  }
   for (int zero = whole; zero < 0; ++zero)
     *out++ = '0';
   const int fraction = whole > 0 ? whole : 0;
@@ -82,11 +103,9 @@ char* fewDecimals(char* out, double value) {
 DxfAsciiTagWriter::DxfAsciiTagWriter(LineEnd lineEnd) : m_crlf(lineEnd == LineEnd::kCrLf) {}
 
 char* DxfAsciiTagWriter::putCode(char* out, int code) const {
-  if (code >= 1000) *out++ = static_cast<char>('0' + code / 1000);
-  out[0] = code >= 100 ? static_cast<char>('0' + code / 100 % 10) : ' ';
-  out[1] = code >= 10 ? static_cast<char>('0' + code / 10 % 10) : ' ';
-  out[2] = static_cast<char>('0' + code % 10);
-  return endLine(out + 3);
+  // Callers have checked the code against the group-code table.
+  std::memcpy(out, kCodeColumns.text[code], 4);
+  return endLine(out + (code >= 1000 ? 4 : 3));
 }
 
 void DxfAsciiTagWriter::putText(int code, std::string_view text) {
@@ -115,12 +134,14 @@ void DxfAsciiTagWriter::putInteger(int code, DxfValueKind kind, std::int64_t val
 void DxfAsciiTagWriter::putDouble(int code, double value) {
   char* number = putCode(room(kLongestCode + kNumberRoom + 2), code);
   char* end = fewDecimals(number, value);
-  if (!end) end = std::to_chars(number, number + kLongestNumber, value).ptr;
-  // Whole numbers keep a decimal point ("0.0", "-0.0") so they read as doubles at a glance.
-  const auto length = static_cast<std::size_t>(end - number);
-  if (std::memchr(number, '.', length) == nullptr && std::memchr(number, 'e', length) == nullptr) {
-    *end++ = '.';
-    *end++ = '0';
+  if (!end) {
+    end = std::to_chars(number, number + kLongestNumber, value).ptr;
+    const auto length = static_cast<std::size_t>(end - number);
+    if (std::memchr(number, '.', length) == nullptr &&
+        std::memchr(number, 'e', length) == nullptr) {
+      *end++ = '.';
+      *end++ = '0';
+    }
   }
   put(endLine(end));
 }
