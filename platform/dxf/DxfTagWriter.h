@@ -50,7 +50,11 @@ class DxfTagWriter {
     return false;
   }
 
-  std::string_view data() const noexcept { return std::string_view(m_data.data(), m_size); }
+  // The bytes written so far; the room beyond them is given up.
+  const std::string& data() {
+    m_data.resize(m_size);
+    return m_data;
+  }
   std::string takeData() {
     m_data.resize(m_size);
     m_size = 0;
