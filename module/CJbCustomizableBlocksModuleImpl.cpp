@@ -43,6 +43,8 @@
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClass.h"
 #include "platform/rx/OdRxClassRegistration.h"
+#include "storage/CJbCustBlockDeepCloneReactor.h"
+#include "storage/CJbDbCustBlockStorage.h"
 
 namespace {
 // Parents before children: the bases, the parameter kinds, the actions, the grips, then the
@@ -83,7 +85,9 @@ const OdRxClassRegistration kClassOrder[] = {
     odrxClassRegistration<CJbCustBlockLookupGrip>(),
     odrxClassRegistration<CJbCustBlockAlignmentGrip>(),
     odrxClassRegistration<CJbDbCustBlockGraph>(),
+    odrxClassRegistration<CJbDbCustBlockStorage>(),
     odrxClassRegistration<CJbCustBlockGraphReactor>(),
+    odrxClassRegistration<CJbCustBlockDeepCloneReactor>(),
 };
 }  // namespace
 
@@ -109,6 +113,7 @@ void CJbCustomizableBlocksModuleImpl::InitApp() {
   try {
     AddDraggingPreviewFactory();
     RegisterClasses();
+    AttachDeepCloneReactor();
     AttachUtilities();
     AttachProperties();
     RegisterCommands();
@@ -135,6 +140,11 @@ void CJbCustomizableBlocksModuleImpl::AddDraggingPreviewFactory() {
 void CJbCustomizableBlocksModuleImpl::RegisterClasses() {
   for (const OdRxClassRegistration& entry : kClassOrder)
     Step(entry.init, entry.uninit);
+}
+
+void CJbCustomizableBlocksModuleImpl::AttachDeepCloneReactor() {
+  CJbCustBlockDeepCloneReactor* reactor = &m_deepCloneReactor;
+  Step([reactor] { reactor->Attach(); }, [reactor] { reactor->Detach(); });
 }
 
 void CJbCustomizableBlocksModuleImpl::AttachExtension(OdRxClass* cls, OdRxClass* protocol,

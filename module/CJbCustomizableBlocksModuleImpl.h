@@ -54,6 +54,7 @@
 #include "module/utilities/CJbCustBlockXYParameterUtilsPE.h"
 #include "module/utilities/CJbDbCustBlockGraphUtilsPE.h"
 #include "platform/rx/OdRxObject.h"
+#include "storage/CJbCustBlockDeepCloneReactor.h"
 
 class CJbCustomizableBlocksModuleImpl {
  public:
@@ -69,6 +70,7 @@ class CJbCustomizableBlocksModuleImpl {
   void Step(const std::function<void()>& apply, std::function<void()> undo);
   void AddDraggingPreviewFactory();
   void RegisterClasses();
+  void AttachDeepCloneReactor();
   void AttachUtilities();
   void AttachProperties();
   void RegisterCommands();
@@ -76,6 +78,7 @@ class CJbCustomizableBlocksModuleImpl {
   void AttachExtension(OdRxClass* cls, OdRxClass* protocol, OdRxObject* extension);
 
   OdStaticRxObject<CJbCustBlockDraggingPreviewFactory> m_draggingPreviewFactory;
+  OdStaticRxObject<CJbCustBlockDeepCloneReactor> m_deepCloneReactor;
   // Utilities of the proxy, the parameters, the actions, the grips and the graph, in that order.
   OdStaticRxObject<CJbCustBlockProxyElementUtilsPE> m_proxyElementUtilsPE;
   OdStaticRxObject<CJbCustBlockPointParameterUtilsPE> m_pointParameterUtilsPE;

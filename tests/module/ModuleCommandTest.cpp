@@ -59,9 +59,7 @@ class EditorCommands : public ::testing::Test {
 
   // Names of the block's elements in graph order.
   std::vector<std::string> elementNames() {
-    OdDbDictionaryPtr dictionary =
-        OdDbDictionary::cast(db->getNamedObjectsDictionaryId().safeOpenObject().get());
-    const OdDbObjectPtr graph = dictionary->getAt(kGraphKey, OdDb::kForRead);
+    const OdDbObjectPtr graph = graphOf(db.get());
     std::vector<std::string> names;
     const auto utilities = CJbCustBlockElementUtilsPE::cast(
         graph->isA()->getX(CJbCustBlockElementUtilsPE::desc()).get());

@@ -15,7 +15,7 @@
 
 namespace {
 // Everything the module registers, in registration order: the bases, the element kinds in the
-// order the drawing holds them, then the graph and its reactor.
+// order the drawing holds them, then the graph, the storage and the reactors.
 std::vector<std::string> moduleClasses() {
   std::vector<std::string> classes = {
       "JbCustBlockElement",   "JbCustBlockProxyElement",    "JbCustBlockSettingsElement",
@@ -23,7 +23,8 @@ std::vector<std::string> moduleClasses() {
       "JbCustBlockGrip",
   };
   classes.insert(classes.end(), elementKindsOfDrawing().begin(), elementKindsOfDrawing().end());
-  classes.insert(classes.end(), {"JbDbCustBlockGraph", "JbCustBlockGraphReactor"});
+  classes.insert(classes.end(), {"JbDbCustBlockGraph", "JbDbCustBlockStorage",
+                                 "JbCustBlockGraphReactor", "JbCustBlockDeepCloneReactor"});
   return classes;
 }
 
