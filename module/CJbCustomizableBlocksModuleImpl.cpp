@@ -39,6 +39,7 @@
 #include "parameters/grips/CJbCustBlockRotationGrip.h"
 #include "parameters/grips/CJbCustBlockVisibilityGrip.h"
 #include "parameters/grips/CJbCustBlockXYGrip.h"
+#include "platform/db/OdDbBlockReference.h"
 #include "platform/host/CJbDraggingPreview.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClass.h"
@@ -116,6 +117,7 @@ void CJbCustomizableBlocksModuleImpl::InitApp() {
     AttachDeepCloneReactor();
     AttachUtilities();
     AttachProperties();
+    AttachGripPoints();
     RegisterCommands();
   } catch (...) {
     UninitApp();
@@ -183,6 +185,12 @@ void CJbCustomizableBlocksModuleImpl::AttachUtilities() {
 void CJbCustomizableBlocksModuleImpl::AttachProperties() {
   for (const auto& properties : m_properties)
     AttachExtension(properties->GetKindClass(), CJbPropertyBase::desc(), properties.get());
+}
+
+void CJbCustomizableBlocksModuleImpl::AttachGripPoints() {
+  OdRxClass* references = OdDbBlockReference::desc();
+  AttachExtension(references, OdDbGripPointsPE::desc(), &m_blockRefGripPoints);
+  AttachExtension(references, CJbGripPointsPE::desc(), &m_blockInstanceGripPoints);
 }
 
 void CJbCustomizableBlocksModuleImpl::RegisterCommands() {

@@ -23,6 +23,8 @@
 #include "module/commands/CJbQtCommandBCycleOrder.h"
 #include "module/commands/CJbQtCommandBLookupTable.h"
 #include "module/commands/CJbQtCommandBVState.h"
+#include "module/gripPoints/CJbBlockInstanceGripPoints.h"
+#include "module/gripPoints/CJbBlockRefGripPointsPEProxy.h"
 #include "module/properties/CJbPropertyPEImpl.h"
 #include "module/utilities/CJbCustBlockAlignmentGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
@@ -73,6 +75,7 @@ class CJbCustomizableBlocksModuleImpl {
   void AttachDeepCloneReactor();
   void AttachUtilities();
   void AttachProperties();
+  void AttachGripPoints();
   void RegisterCommands();
   // Lends `extension` to `cls` under `protocol`, giving back what it replaced on undo.
   void AttachExtension(OdRxClass* cls, OdRxClass* protocol, OdRxObject* extension);
@@ -111,6 +114,9 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbDbCustBlockGraphUtilsPE> m_dbCustBlockGraphUtilsPE;
   // One properties-palette extension per property-bearing class, in registration order.
   std::vector<std::unique_ptr<OdStaticRxObject<CJbPropertyPEImpl>>> m_properties;
+  // Grip points of block references: the host's protocol and the platform's.
+  OdStaticRxObject<CJbBlockInstanceGripPoints> m_blockInstanceGripPoints;
+  OdStaticRxObject<CJbBlockRefGripPointsPEProxy> m_blockRefGripPoints{m_blockInstanceGripPoints};
   // Block-editor commands, in registration order.
   OdStaticRxObject<CJbCommandBParameter> m_commandBParameter;
   OdStaticRxObject<CJbCommandBParameterSet> m_commandBParameterSet;

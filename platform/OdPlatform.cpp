@@ -14,6 +14,7 @@
 #include "platform/db/OdDbDwgFiler.h"
 #include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/OdDbEntity.h"
+#include "platform/db/OdDbGripPointsPE.h"
 #include "platform/db/OdDbIdMapping.h"
 #include "platform/db/OdDbIdMappingIter.h"
 #include "platform/db/OdDbLayerTable.h"
@@ -53,6 +54,7 @@
 #include "platform/dxf/DxfFileInfo.h"
 #include "platform/host/CJbCustBlockElementUtilsPE.h"
 #include "platform/host/CJbDraggingPreviewFactory.h"
+#include "platform/host/CJbGripPointsPE.h"
 #include "platform/host/CJbPropertyBase.h"
 #include "platform/host/OdEdCommand.h"
 #include "platform/resbuf/OdResBuf.h"
@@ -78,6 +80,8 @@ const ClassRegistration kPlatformClasses[] = {
     {&CJbDraggingPreviewFactory::rxInit, &CJbDraggingPreviewFactory::rxUninit},
     {&CJbCustBlockElementUtilsPE::rxInit, &CJbCustBlockElementUtilsPE::rxUninit},
     {&CJbPropertyBase::rxInit, &CJbPropertyBase::rxUninit},
+    {&CJbGripPointsPE::rxInit, &CJbGripPointsPE::rxUninit},
+    {&OdDbGripPointsPE::rxInit, &OdDbGripPointsPE::rxUninit},
     {&OdDbDwgFiler::rxInit, &OdDbDwgFiler::rxUninit},
     {&OdDbMemoryDwgFiler::rxInit, &OdDbMemoryDwgFiler::rxUninit},
     {&OdDbDxfFiler::rxInit, &OdDbDxfFiler::rxUninit},
