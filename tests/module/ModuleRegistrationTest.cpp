@@ -7,8 +7,10 @@
 
 #include "ModuleTestSupport.h"
 #include "platform/db/DbTestSupport.h"
+#include "platform/db/OdDbGripPointsPE.h"
 #include "platform/host/CJbCustBlockElementUtilsPE.h"
 #include "platform/host/CJbDraggingPreview.h"
+#include "platform/host/CJbGripPointsPE.h"
 #include "platform/host/CJbPropertyBase.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClassDictionary.h"
@@ -145,6 +147,8 @@ TEST_F(ModuleRegistration, UninitAppLeavesNothingBehindEvenWhenLoadedTwice) {
   for (const OdRxClass* cls : OdRxClassDictionary::instance().classes()) {
     EXPECT_TRUE(cls->getX(CJbCustBlockElementUtilsPE::desc()).isNull()) << cls->name().str();
     EXPECT_TRUE(cls->getX(CJbPropertyBase::desc()).isNull()) << cls->name().str();
+    EXPECT_TRUE(cls->getX(CJbGripPointsPE::desc()).isNull()) << cls->name().str();
+    EXPECT_TRUE(cls->getX(OdDbGripPointsPE::desc()).isNull()) << cls->name().str();
   }
 }
 
