@@ -6,8 +6,11 @@
 
 #include "cli/CheckCommand.h"
 #include "cli/ConvertCommand.h"
+#include "cli/DemoCommand.h"
+#include "cli/GripCommand.h"
 #include "cli/InfoCommand.h"
 #include "cli/RenderCommand.h"
+#include "cli/SetCommand.h"
 
 CommandLine::CommandLine()
     : m_app("jbcb: inspect, check, convert and render DXF drawings", "jbcb") {
@@ -26,6 +29,9 @@ CommandLine::CommandLine()
   add(std::make_unique<CheckCommand>());
   add(std::make_unique<ConvertCommand>());
   add(std::make_unique<RenderCommand>());
+  add(std::make_unique<DemoCommand>());
+  add(std::make_unique<SetCommand>());
+  add(std::make_unique<GripCommand>());
 }
 
 void CommandLine::add(std::unique_ptr<Command> command) {

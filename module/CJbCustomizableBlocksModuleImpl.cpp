@@ -44,6 +44,7 @@
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClass.h"
 #include "platform/rx/OdRxClassRegistration.h"
+#include "storage/CJbBlockInstanceGripPoints.h"
 #include "storage/CJbCustBlockDeepCloneReactor.h"
 #include "storage/CJbDbCustBlockStorage.h"
 
@@ -89,6 +90,7 @@ const OdRxClassRegistration kClassOrder[] = {
     odrxClassRegistration<CJbDbCustBlockStorage>(),
     odrxClassRegistration<CJbCustBlockGraphReactor>(),
     odrxClassRegistration<CJbCustBlockDeepCloneReactor>(),
+    odrxClassRegistration<CJbBlockInstanceGripPoints>(),
 };
 }  // namespace
 
@@ -189,8 +191,8 @@ void CJbCustomizableBlocksModuleImpl::AttachProperties() {
 
 void CJbCustomizableBlocksModuleImpl::AttachGripPoints() {
   OdRxClass* references = OdDbBlockReference::desc();
-  AttachExtension(references, OdDbGripPointsPE::desc(), &m_blockRefGripPoints);
-  AttachExtension(references, CJbGripPointsPE::desc(), &m_blockInstanceGripPoints);
+  AttachExtension(references, OdDbGripPointsPE::desc(), &m_blockInstanceGripPoints);
+  AttachExtension(references, CJbGripPointsPE::desc(), &m_blockRefGripPoints);
 }
 
 void CJbCustomizableBlocksModuleImpl::RegisterCommands() {

@@ -23,7 +23,6 @@
 #include "module/commands/CJbQtCommandBCycleOrder.h"
 #include "module/commands/CJbQtCommandBLookupTable.h"
 #include "module/commands/CJbQtCommandBVState.h"
-#include "module/gripPoints/CJbBlockInstanceGripPoints.h"
 #include "module/gripPoints/CJbBlockRefGripPointsPEProxy.h"
 #include "module/properties/CJbPropertyPEImpl.h"
 #include "module/utilities/CJbCustBlockAlignmentGripUtilsPE.h"
@@ -56,6 +55,7 @@
 #include "module/utilities/CJbCustBlockXYParameterUtilsPE.h"
 #include "module/utilities/CJbDbCustBlockGraphUtilsPE.h"
 #include "platform/rx/OdRxObject.h"
+#include "storage/CJbBlockInstanceGripPoints.h"
 #include "storage/CJbCustBlockDeepCloneReactor.h"
 
 class CJbCustomizableBlocksModuleImpl {
@@ -116,7 +116,7 @@ class CJbCustomizableBlocksModuleImpl {
   std::vector<std::unique_ptr<OdStaticRxObject<CJbPropertyPEImpl>>> m_properties;
   // Grip points of block references: the host's protocol and the platform's.
   OdStaticRxObject<CJbBlockInstanceGripPoints> m_blockInstanceGripPoints;
-  OdStaticRxObject<CJbBlockRefGripPointsPEProxy> m_blockRefGripPoints{m_blockInstanceGripPoints};
+  OdStaticRxObject<CJbBlockRefGripPointsPEProxy> m_blockRefGripPoints;
   // Block-editor commands, in registration order.
   OdStaticRxObject<CJbCommandBParameter> m_commandBParameter;
   OdStaticRxObject<CJbCommandBParameterSet> m_commandBParameterSet;

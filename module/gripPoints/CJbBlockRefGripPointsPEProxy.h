@@ -1,23 +1,15 @@
-// Grip points of block references while the module is loaded: a customizable reference shows its
-// insertion grip followed by the grips of its block's elements; any other reference keeps its own.
-// Only the insertion grip moves here, with the reference open for write; element grips are worked
-// through the instance grip points by id, since working them may point the reference at a new
-// block.
+// The typed grips of customizable block references for a host's grip editing: the grips that the
+// reference's block-instance grip points show after the reference's own, each with its kind and
+// element name. Drags go through those grip points; clicks (flip, state choice) edit that
+// reference alone through the editor helper.
 #pragma once
 
-#include "module/gripPoints/CJbBlockInstanceGripPoints.h"
-#include "platform/db/OdDbGripPointsPE.h"
+#include "platform/host/CJbGripPointsPE.h"
 
-class CJbBlockRefGripPointsPEProxy : public OdDbGripPointsPE {
+class CJbBlockRefGripPointsPEProxy : public CJbGripPointsPE {
  public:
-  explicit CJbBlockRefGripPointsPEProxy(const CJbBlockInstanceGripPoints& instanceGrips)
-      : m_instanceGrips(instanceGrips) {}
-
-  OdResult getGripPoints(const OdDbEntity* entity, OdGePoint3dArray& points) const override;
-  // eNotApplicable when the indices name element grips.
-  OdResult moveGripPointsAt(OdDbEntity* entity, const OdIntArray& indices,
-                            const OdGeVector3d& offset) const override;
-
- private:
-  const CJbBlockInstanceGripPoints& m_instanceGrips;
+  OdArray<Grip> GetGrips(const OdDbEntity* entity) const override;
+  bool MoveGrip(const OdDbObjectId& entity, unsigned index,
+                const OdGeVector3d& offset) const override;
+  bool ClickGrip(const OdDbObjectId& entity, unsigned index, int state) const override;
 };

@@ -1,21 +1,22 @@
-// Grip points of entities as a host shows and drags them. A module may attach this protocol to an
-// entity class to supply the class's grips in place of the entity's own; hosts go through
-// gripPointsOf and moveGripPointsOf, which fall back to the entity.
+// A protocol extension that takes over the grip points of the entities of the class it is
+// attached to (and of that class's children), so that an application can give entities grips of
+// its own. Without one, an entity shows and moves its own grips.
 #pragma once
 
-#include "platform/db/OdDbEntity.h"
+#include "platform/base/OdArray.h"
+#include "platform/base/OdResult.h"
+#include "platform/ge/OdGePoint3d.h"
+#include "platform/ge/OdGeVector3d.h"
+#include "platform/rx/OdRxObject.h"
+
+class OdDbEntity;
 
 class OdDbGripPointsPE : public OdRxObject {
   ODRX_DECLARE_MEMBERS(OdDbGripPointsPE);
 
  public:
   virtual OdResult getGripPoints(const OdDbEntity* entity, OdGePoint3dArray& points) const = 0;
-  // Moves the grips at `indices` by `offset`; the entity is open for write.
   virtual OdResult moveGripPointsAt(OdDbEntity* entity, const OdIntArray& indices,
-                                    const OdGeVector3d& offset) const = 0;
-
-  static OdResult gripPointsOf(const OdDbEntity* entity, OdGePoint3dArray& points);
-  static OdResult moveGripPointsOf(OdDbEntity* entity, const OdIntArray& indices,
-                                   const OdGeVector3d& offset);
+                                    const OdGeVector3d& offset) = 0;
 };
 using OdDbGripPointsPEPtr = OdSmartPtr<OdDbGripPointsPE>;

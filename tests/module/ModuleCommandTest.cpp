@@ -231,7 +231,7 @@ TEST_F(EditorCommands, GripsOfAReferenceEditThatReferenceAlone) {
   {
     const OdDbEntityPtr entity = OdDbEntity::cast(first.safeOpenObject().get());
     OdGePoint3dArray points;
-    ASSERT_EQ(OdDbGripPointsPE::gripPointsOf(entity.get(), points), eOk);
+    ASSERT_EQ(entity->getGripPoints(points), eOk);
     EXPECT_EQ(points, OdGePoint3dArray({OdGePoint3d(10, 0, 0), OdGePoint3d(10, 0, 0)}));
   }
 
@@ -247,11 +247,4 @@ TEST_F(EditorCommands, GripsOfAReferenceEditThatReferenceAlone) {
   EXPECT_EQ(blockOf(second), doorId());
   EXPECT_FALSE(instanceGrips->MoveGrip(first, 1, OdGeVector3d(3, 0, 0)));
   EXPECT_FALSE(instanceGrips->ClickGrip(first, 0, 1));  // a point grip is dragged, not clicked
-
-  // With the reference open, only its insertion grip moves.
-  const OdDbEntityPtr entity = OdDbEntity::cast(second.safeOpenObject(OdDb::kForWrite).get());
-  EXPECT_EQ(OdDbGripPointsPE::moveGripPointsOf(entity.get(), {1}, OdGeVector3d(1, 0, 0)),
-            eNotApplicable);
-  EXPECT_EQ(OdDbGripPointsPE::moveGripPointsOf(entity.get(), {0}, OdGeVector3d(1, 0, 0)), eOk);
-  EXPECT_EQ(OdDbBlockReference::cast(entity.get())->position(), OdGePoint3d(21, 0, 0));
 }
