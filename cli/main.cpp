@@ -1,13 +1,10 @@
 // jbcb: the command-line host. Starts Qt without a display when there is none (rendering needs
-// fonts and painters, never a window) and the drawing platform, then runs the command line.
+// fonts and painters, never a window) and the drawing platform, then runs the command line, which
+// brings in the customizable-block classes the chosen command needs.
 #include <QGuiApplication>
 
-#include "actions/CJbCustBlockActionClasses.h"
 #include "cli/CommandLine.h"
-#include "core/CJbCustBlockCoreClasses.h"
-#include "parameters/CJbCustBlockParameterClasses.h"
 #include "platform/OdPlatform.h"
-#include "storage/CJbCustBlockStorageClasses.h"
 
 namespace {
 // Qt's own notes (missing runtime folders, font fallbacks) are not the user's concern; jbcb
@@ -24,15 +21,7 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(quietQtMessages);
   QGuiApplication application(argc, argv);
   odInitialize();
-  CJbCustBlockCoreClasses::RxInit();
-  CJbCustBlockParameterClasses::RxInit();
-  CJbCustBlockActionClasses::RxInit();
-  CJbCustBlockStorageClasses::RxInit();
   const int code = CommandLine().run(argc, argv);
-  CJbCustBlockStorageClasses::RxUninit();
-  CJbCustBlockActionClasses::RxUninit();
-  CJbCustBlockParameterClasses::RxUninit();
-  CJbCustBlockCoreClasses::RxUninit();
   odUninitialize();
   return code;
 }

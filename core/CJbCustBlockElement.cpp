@@ -240,6 +240,10 @@ OdDbObjectId CJbCustBlockElement::GetBlockGraphId() const {
   return m_pImpl->m_graph ? m_pImpl->m_graph->objectId() : OdDbObjectId::kNull;
 }
 
+CJbDbCustBlockGraph* CJbCustBlockElement::GetGraph() const {
+  return m_pImpl->m_graph;
+}
+
 void CJbCustBlockElement::SetGraph(CJbDbCustBlockGraph* graph) {
   m_pImpl->m_graph = graph;
 }

@@ -76,6 +76,9 @@ class CJbCustBlockElement : public OdRxObject {
   // The owning graph's id; null without a graph or when the graph is not in a database.
   OdDbObjectId GetBlockGraphId() const;
   void SetGraph(CJbDbCustBlockGraph* graph);
+  // The owning graph as its holder has it open, for checks made while it is open for write;
+  // null without a graph.
+  CJbDbCustBlockGraph* GetGraph() const;
 
   void AddConnection(int id, bool in, bool out);
   void RemoveConnection(int id, bool in, bool out);

@@ -1,6 +1,8 @@
 // Stand-in for an element whose class is not available.
 #include "core/CJbCustBlockProxyElement.h"
 
+#include <algorithm>
+
 #include <new>
 #include <string>
 
@@ -147,8 +149,15 @@ OdResult CJbCustBlockProxyElement::dwgInFields(OdDbDwgFiler* filer, CJbDbCustBlo
     const int length = filer->rdInt32();
     if (length < 0) return eDwgObjectImproperlyRead;
     impl.m_data.clear();
-    impl.m_data.setLogicalLength(static_cast<unsigned>(length));
-    filer->rdBytes(impl.m_data.asArrayPtr(), static_cast<std::uint32_t>(length));
+    // In steps: a damaged length must fail at the end of the data, not allocate gigabytes first.
+    constexpr int kStep = 1 << 16;
+    for (int done = 0; done < length;) {
+      const int step = std::min(length - done, kStep);
+      const unsigned at = impl.m_data.length();
+      impl.m_data.setLogicalLength(at + static_cast<unsigned>(step));
+      filer->rdBytes(impl.m_data.asArrayPtr() + at, static_cast<std::uint32_t>(step));
+      done += step;
+    }
     for (int list = 0; list < 4; ++list) {
       const int count = filer->rdInt32();
       if (count < 0) return eDwgObjectImproperlyRead;

@@ -5,11 +5,21 @@
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
 #include "platform/db/OdDbDwgFiler.h"
 #include "platform/ge/OdGeAngle.h"
+#include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_CONS_DEFINE_MEMBERS_NAMED(CJbCustBlockFlipParameter, "JbCustBlockFlipParameter",
                                CJbCustBlockParameter)
+
+namespace {
+// The unit direction of a reflection line; the X axis when it has none in the plane.
+OdGeVector3d lineDirection(const OdGePoint3d& start, const OdGePoint3d& end) {
+  const OdGeVector3d line = end - start;
+  if (line.isZeroLength() || line.isParallelTo(OdGeVector3d::kZAxis)) return OdGeVector3d::kXAxis;
+  return line.normal();
+}
+}  // namespace
 
 CJbCustBlockFlipParameter::CJbCustBlockFlipParameter()
     : CJbCustBlockParameter(new CJbCustBlockFlipParameterImpl) {}
@@ -35,25 +45,34 @@ bool CJbCustBlockFlipParameter::Evaluate(CJbDbCustBlockGraphEvaluationContext* c
 
 bool CJbCustBlockFlipParameter::EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) {
   if (!CJbCustBlockParameter::EndEvaluate(context)) return false;
-  CJbCustBlockFlipParameterImpl& impl = *FlipImpl();
-  impl.m_currentFlipped = impl.m_updatedFlipped;
+  FlipImpl()->m_currentFlipped = FlipImpl()->m_updatedFlipped;
   const CJbCustBlockFlipGripPtr grip = CJbCustBlockFlipGrip::cast(GripNode(0).get());
   if (grip.isNull()) return true;
   grip->SetFlipped(false);
-  OdGeVector3d line = impl.m_points[1].updated - impl.m_points[0].updated;
-  if (line.isZeroLength() || line.isParallelTo(OdGeVector3d::kZAxis))
-    line = OdGeVector3d::kXAxis;
-  else
-    line.normalize();
-  // The arrow points across the line, to the side the block would flip to.
-  const double quarterTurns = impl.m_currentFlipped ? 3.0 : 1.0;
-  grip->SetCurrentDirection(
-      OdGeVector3d(line).rotateBy(quarterTurns * OdGeAngle::kHalfPi, OdGeVector3d::kZAxis));
-  // Drawn where the mirrored geometry puts it.
-  OdGeVector3d offset = grip->GetDefinitionOffset();
-  if (impl.m_currentFlipped) offset.mirror(line.crossProduct(OdGeVector3d::kZAxis));
-  grip->SetCurrentOffset(offset);
+  TurnGrip(*grip);
   return true;
+}
+
+bool CJbCustBlockFlipParameter::Transform(const OdGeMatrix3d& matrix, bool keepUpdated) {
+  if (!CJbCustBlockParameter::Transform(matrix, keepUpdated)) return false;
+  const CJbCustBlockFlipGripPtr grip = CJbCustBlockFlipGrip::cast(GripNode(0).get());
+  if (!grip.isNull()) TurnGrip(*grip);
+  return true;
+}
+
+void CJbCustBlockFlipParameter::TurnGrip(CJbCustBlockFlipGrip& grip) const {
+  const CJbCustBlockFlipParameterImpl& impl = *FlipImpl();
+  const OdGeVector3d line = lineDirection(impl.m_points[0].updated, impl.m_points[1].updated);
+  const double quarterTurns = impl.m_currentFlipped ? 3.0 : 1.0;
+  grip.SetCurrentDirection(
+      OdGeVector3d(line).rotateBy(quarterTurns * OdGeAngle::kHalfPi, OdGeVector3d::kZAxis));
+  // The authored offset turns with the line, then takes the mirror.
+  const OdGeVector3d definedLine =
+      lineDirection(impl.m_points[0].defined, impl.m_points[1].defined);
+  OdGeVector3d offset = grip.GetDefinitionOffset();
+  offset.rotateBy(definedLine.angleTo(line, OdGeVector3d::kZAxis), OdGeVector3d::kZAxis);
+  if (impl.m_currentFlipped) offset.mirror(line.crossProduct(OdGeVector3d::kZAxis));
+  grip.SetCurrentOffset(offset);
 }
 
 bool CJbCustBlockFlipParameter::Reset(CJbDbCustBlockGraphEvaluationContext* context) {

@@ -6,6 +6,7 @@
 
 #include "parameters/CJbCustBlockParameter.h"
 
+class CJbCustBlockFlipGrip;
 class CJbCustBlockFlipParameterImpl;
 
 class CJbCustBlockFlipParameter : public CJbCustBlockParameter {
@@ -20,6 +21,8 @@ class CJbCustBlockFlipParameter : public CJbCustBlockParameter {
   bool Evaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
   // Commits the state, clears the click and points the grip at the side it would flip to.
   bool EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
+  // The grip's arrow and offset turn with the line.
+  bool Transform(const OdGeMatrix3d& matrix, bool keepUpdated) override;
   // Back to the not-flipped state of the definition.
   bool Reset(CJbDbCustBlockGraphEvaluationContext* context) override;
   // After the base items: the current state, read back as the updated one.
@@ -47,6 +50,9 @@ class CJbCustBlockFlipParameter : public CJbCustBlockParameter {
 
  private:
   CJbCustBlockFlipParameterImpl* FlipImpl() const;
+  // Points the grip's arrow across the line at the side it would flip to, and draws the grip
+  // where the block's turns and its mirror have put it.
+  void TurnGrip(CJbCustBlockFlipGrip& grip) const;
 };
 
 using CJbCustBlockFlipParameterPtr = OdSmartPtr<CJbCustBlockFlipParameter>;

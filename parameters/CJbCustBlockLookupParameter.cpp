@@ -165,24 +165,18 @@ CJbCustBlockParameterPtr CJbCustBlockLookupParameter::ColumnParameter(unsigned c
 bool CJbCustBlockLookupParameter::Evaluate(CJbDbCustBlockGraphEvaluationContext* context) {
   if (!CJbCustBlockParameter::Evaluate(context)) return false;
   TakeGripRequest();
-  if (context && context->IsAfterBlockRedefine()) UpdateActionConnections();
+  if (context && context->IsAfterBlockRedefine()) UpdateColumnConnections();
   return true;
 }
 
 void CJbCustBlockLookupParameter::TakeGripRequest() {
-  const CJbCustBlockLookupParameterImpl& impl = *LookupImpl();
-  if (!impl.m_graph) return;
-  OdArray<int> connected;
-  GetConnections(connected, true, true);
-  for (int id : connected) {
-    const CJbCustBlockLookupGripPtr grip =
-        CJbCustBlockLookupGrip::cast(impl.m_graph->GetNode(id).get());
-    if (grip.isNull() || !grip->NeedEvaluate()) continue;
-    const int requested = grip->GetState();
-    grip->ResetState();
-    if (requested >= 0 && static_cast<unsigned>(requested) < impl.m_states.size())
-      SetUpdatedState(requested);
-  }
+  const CJbCustBlockLookupGripPtr grip = CJbCustBlockLookupGrip::cast(GripNode(0).get());
+  if (grip.isNull() || !grip->NeedEvaluate()) return;
+  const int requested = grip->GetState();
+  grip->ResetState();
+  if (!IsReadOnly() && requested >= 0 &&
+      static_cast<unsigned>(requested) < LookupImpl()->m_states.size())
+    SetUpdatedState(requested);
 }
 
 bool CJbCustBlockLookupParameter::EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) {
@@ -191,9 +185,18 @@ bool CJbCustBlockLookupParameter::EndEvaluate(CJbDbCustBlockGraphEvaluationConte
   return result;
 }
 
+bool CJbCustBlockLookupParameter::LoadInstance(OdResBufPtr& cursor,
+                                               CJbDbCustBlockGraphInstanceContext* context) {
+  return CJbCustBlockElement::LoadInstance(cursor, context);
+}
+
+OdResBufPtr CJbCustBlockLookupParameter::SaveInstance(CJbDbCustBlockGraphInstanceContext* context) {
+  return CJbCustBlockElement::SaveInstance(context);
+}
+
 bool CJbCustBlockLookupParameter::NeedEvaluate() const {
   AssertReadEnabled();
-  return LookupImpl()->m_updatePending;
+  return LookupImpl()->m_updatePending || CJbCustBlockParameter::NeedEvaluate();
 }
 
 bool CJbCustBlockLookupParameter::IsValid() const {
@@ -301,7 +304,7 @@ void CJbCustBlockLookupParameter::Audit(OdDbAuditInfo* auditInfo) {
       state.cells.erase(state.cells.begin() + *it);
   }
   auditInfo->errorsFixed(static_cast<int>(lostColumns.size() + strayCells.size()));
-  UpdateActionConnections();
+  UpdateColumnConnections();
 }
 
 OdResBufPtr CJbCustBlockLookupParameter::GetValue(unsigned index) const {
@@ -353,7 +356,7 @@ bool CJbCustBlockLookupParameter::AddParameterId(int id, unsigned valueIndex) {
   impl.m_columns.push_back(Column{id, valueIndex});
   for (State& state : impl.m_states)
     state.cells.emplace_back();
-  UpdateActionConnections();
+  UpdateColumnConnections();
   return true;
 }
 
@@ -382,7 +385,7 @@ void CJbCustBlockLookupParameter::RemoveParameter(unsigned column) {
   impl.m_columns.erase(impl.m_columns.begin() + column);
   for (State& state : impl.m_states)
     state.cells.erase(state.cells.begin() + column);
-  UpdateActionConnections();
+  UpdateColumnConnections();
 }
 
 void CJbCustBlockLookupParameter::MoveParameterId(unsigned from, unsigned to) {
@@ -536,30 +539,31 @@ OdString CJbCustBlockLookupParameter::GetCurrentStateName() const {
   return state < 0 ? GetUnmatchedStateName() : LookupImpl()->m_states[state].name;
 }
 
-void CJbCustBlockLookupParameter::UpdateActionConnections() {
+void CJbCustBlockLookupParameter::UpdateColumnConnections() {
   const CJbCustBlockLookupParameterImpl& impl = *LookupImpl();
   if (!impl.m_graph) return;
+  auto isParameter = [&impl](int id) {
+    return !CJbCustBlockParameter::cast(impl.m_graph->GetNode(id).get()).isNull();
+  };
   OdArray<int> targets;
   for (unsigned c = 0; c < impl.m_columns.size(); ++c) {
     const int id = impl.m_columns[c].id;
-    if (!ColumnParameter(c).isNull() && id != GetElementId() && !targets.contains(id))
-      targets.append(id);
+    if (id != GetElementId() && !targets.contains(id) && isParameter(id)) targets.append(id);
   }
-  // Only the actions this parameter drives; an action writing into this parameter is another's.
-  OdArray<int> driven;
-  GetConnections(driven, false, true);
-  for (int actionId : GetConnectedActions()) {
-    if (!driven.contains(actionId)) continue;
-    const CJbCustBlockElementPtr action = impl.m_graph->GetNode(actionId);
-    OdArray<int> fed;
-    action->GetConnections(fed, false, true);
-    for (int id : fed) {
-      if (!targets.contains(id) &&
-          !CJbCustBlockParameter::cast(impl.m_graph->GetNode(id).get()).isNull())
-        action->RemoveConnection(id, false, true);
-    }
-    for (int id : targets) {
-      if (!action->HasConnection(id, false, true)) action->AddConnection(id, false, true);
-    }
+  // The graph evaluates what a node feeds in the order it feeds them: actions first, so that the
+  // row is written before the parameters take it.
+  OdArray<int> fed;
+  GetConnections(fed, false, true);
+  OdArray<int> wanted;
+  for (int id : fed) {
+    if (!isParameter(id)) wanted.append(id);
   }
+  for (int id : targets)
+    wanted.append(id);
+  if (fed == wanted) return;
+  for (int id : fed) {
+    if (isParameter(id)) RemoveConnection(id, false, true);
+  }
+  for (int id : targets)
+    AddConnection(id, false, true);
 }

@@ -26,12 +26,15 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   static bool IsSameValueKind(const OdResBuf* a, const OdResBuf* b);
 
   OdString GetBaseName() const override;
-  // Takes a row requested through a connected lookup grip; after a redefinition it reconnects its
-  // actions to the columns' parameters.
+  // Takes a row requested through its grip unless the table is read-only; after a redefinition it
+  // connects the columns' parameters again.
   bool Evaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
   // Ends the row request.
   bool EndEvaluate(CJbDbCustBlockGraphEvaluationContext* context) override;
-  // A row has been requested and not yet applied.
+  // The grip's point belongs to the definition: the state of a reference is the base item alone.
+  bool LoadInstance(OdResBufPtr& cursor, CJbDbCustBlockGraphInstanceContext* context) override;
+  OdResBufPtr SaveInstance(CJbDbCustBlockGraphInstanceContext* context) override;
+  // A row has been requested and not yet applied, or the grip's point has moved.
   bool NeedEvaluate() const override;
   // An action to write rows, and a table with at least one column and one row.
   bool IsValid() const override;
@@ -90,10 +93,10 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   // What a block reference shows: the matched row's name, else the unmatched state name.
   OdString GetCurrentStateName() const;
 
-  // Connects every action of this parameter to the parameters the columns name (and to no other
-  // parameter), so that those parameters and their own actions are evaluated after a row is
-  // written. Column edits call it; an editor that attaches an action afterwards calls it too.
-  void UpdateActionConnections();
+  // Feeds the parameters the columns name, after this parameter's actions, so that a row the
+  // action writes reaches them and their own actions in the same evaluation. Column edits call it;
+  // an editor that attaches an action to a table with columns calls it again.
+  void UpdateColumnConnections();
 
  private:
   CJbCustBlockLookupParameterImpl* LookupImpl() const;
@@ -102,7 +105,7 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   // The parameter a column names, or null when the graph holds none under that id.
   CJbCustBlockParameterPtr ColumnParameter(unsigned column) const;
   void SetUpdatedState(int state);
-  // Takes the state a connected lookup grip requests and ends the request.
+  // Takes the state the grip of point 0 requests and ends the request.
   void TakeGripRequest();
 };
 

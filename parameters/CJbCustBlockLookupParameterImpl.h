@@ -20,7 +20,8 @@ class CJbCustBlockLookupParameterImpl : public CJbCustBlockParameterImpl {
     std::vector<OdResBufPtr> cells;
   };
 
-  CJbCustBlockLookupParameterImpl() : CJbCustBlockParameterImpl(0) {
+  // One point: where the table's grip stands. None needs to be picked to define the table.
+  CJbCustBlockLookupParameterImpl() : CJbCustBlockParameterImpl(1) {
     AddValueInfo(CJbCustBlockParameterValueInfo::kTable);
   }
 

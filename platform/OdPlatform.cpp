@@ -14,6 +14,7 @@
 #include "platform/db/OdDbDwgFiler.h"
 #include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/OdDbEntity.h"
+#include "platform/db/OdDbGripPointsPE.h"
 #include "platform/db/OdDbIdMapping.h"
 #include "platform/db/OdDbIdMappingIter.h"
 #include "platform/db/OdDbLayerTable.h"
@@ -51,6 +52,9 @@
 #include "platform/db/entities/OdDbText.h"
 #include "platform/dxf/DxfFileFiler.h"
 #include "platform/dxf/DxfFileInfo.h"
+#include "platform/host/CJbCustBlockElementUtilsPE.h"
+#include "platform/host/CJbDraggingPreviewFactory.h"
+#include "platform/host/CJbPropertyBase.h"
 #include "platform/host/OdEdCommand.h"
 #include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
@@ -72,6 +76,9 @@ const ClassRegistration kPlatformClasses[] = {
     {&OdRxModule::rxInit, &OdRxModule::rxUninit},
     {&OdResBuf::rxInit, &OdResBuf::rxUninit},
     {&OdEdCommand::rxInit, &OdEdCommand::rxUninit},
+    {&CJbDraggingPreviewFactory::rxInit, &CJbDraggingPreviewFactory::rxUninit},
+    {&CJbCustBlockElementUtilsPE::rxInit, &CJbCustBlockElementUtilsPE::rxUninit},
+    {&CJbPropertyBase::rxInit, &CJbPropertyBase::rxUninit},
     {&OdDbDwgFiler::rxInit, &OdDbDwgFiler::rxUninit},
     {&OdDbMemoryDwgFiler::rxInit, &OdDbMemoryDwgFiler::rxUninit},
     {&OdDbDxfFiler::rxInit, &OdDbDxfFiler::rxUninit},
@@ -80,6 +87,7 @@ const ClassRegistration kPlatformClasses[] = {
     {&DxfFileInfo::rxInit, &DxfFileInfo::rxUninit},
     {&OdDbObjectReactor::rxInit, &OdDbObjectReactor::rxUninit},
     {&OdRxEventReactor::rxInit, &OdRxEventReactor::rxUninit},
+    {&OdDbGripPointsPE::rxInit, &OdDbGripPointsPE::rxUninit},
     {&OdRxEvent::rxInit, &OdRxEvent::rxUninit},
     {&OdDbIdMapping::rxInit, &OdDbIdMapping::rxUninit},
     {&OdDbIdMappingIter::rxInit, &OdDbIdMappingIter::rxUninit},

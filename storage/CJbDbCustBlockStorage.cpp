@@ -3,6 +3,7 @@
 
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
@@ -83,11 +84,17 @@ bool nextGroupIs(OdDbDxfFiler* filer, int code) {
 }
 
 // Renames the clone of one block "*U" as the clone operation that made it starts translating, so
-// that the block table numbers it as the next anonymous block.
-class BlockTableRecordCloner : public OdRxEventReactor {
+// that the block table numbers it as the next anonymous block. Listens to the event hub for its
+// own lifetime.
+class BlockTableRecordCloner : public OdStaticRxObject<OdRxEventReactor> {
  public:
   BlockTableRecordCloner(const OdDbObjectId& blockId, const OdDbIdMapping* mapping)
-      : m_blockId(blockId), m_mapping(mapping) {}
+      : m_blockId(blockId), m_mapping(mapping) {
+    odrxEvent()->addReactor(this);
+  }
+  ~BlockTableRecordCloner() override { odrxEvent()->removeReactor(this); }
+  BlockTableRecordCloner(const BlockTableRecordCloner&) = delete;
+  BlockTableRecordCloner& operator=(const BlockTableRecordCloner&) = delete;
 
   void beginDeepCloneXlation(OdDbIdMapping& mapping) override {
     if (&mapping != m_mapping) return;
@@ -101,20 +108,6 @@ class BlockTableRecordCloner : public OdRxEventReactor {
   const OdDbIdMapping* m_mapping;
 };
 
-// Registered with the event hub for the life of the scope.
-class ScopedEventReactor {
- public:
-  explicit ScopedEventReactor(OdRxEventReactor* reactor) : m_reactor(reactor) {
-    odrxEvent()->addReactor(reactor);
-  }
-  ~ScopedEventReactor() { odrxEvent()->removeReactor(m_reactor); }
-  ScopedEventReactor(const ScopedEventReactor&) = delete;
-  ScopedEventReactor& operator=(const ScopedEventReactor&) = delete;
-
- private:
-  OdRxEventReactor* m_reactor;
-};
-
 // Instance state uses in-memory result types; its record keeps them under the DXF group codes of
 // the same kinds of value, so that drawing files can carry it.
 struct StateCode {
@@ -126,26 +119,33 @@ const StateCode kStateCodes[] = {
     {OdResBuf::kRtPoint3d, 10}, {OdResBuf::kRtInt32, 90},
 };
 
-void recode(OdResBuf* chain, bool toGroupCodes) {
-  for (OdResBuf* item = chain; item; item = item->next().get()) {
+OdResBufPtr stateOf(const OdDbXrecord* record) {
+  OdResBufPtr chain = record->rbChain();
+  for (OdResBuf* item = chain.get(); item; item = item->next().get()) {
     for (const StateCode& code : kStateCodes) {
-      if (item->restype() != (toGroupCodes ? code.resultType : code.groupCode)) continue;
-      item->setRestype(toGroupCodes ? code.groupCode : code.resultType);
+      if (item->restype() != code.groupCode) continue;
+      item->setRestype(code.resultType);
       break;
     }
   }
-}
-
-OdResBufPtr recordItems(const OdResBuf* chain) {
-  OdResBufPtr items = chain ? chain->copyChain() : OdResBufPtr();
-  recode(items.get(), true);
-  return items;
-}
-
-OdResBufPtr stateOf(const OdDbXrecord* record) {
-  OdResBufPtr chain = record->rbChain();
-  recode(chain.get(), false);
   return chain;
+}
+
+// The record takes a copy of the chain; the chain is recoded for that and given back as it was.
+OdResult storeState(OdDbXrecord* record, OdResBuf* chain) {
+  std::vector<std::pair<OdResBuf*, int>> recoded;
+  for (OdResBuf* item = chain; item; item = item->next().get()) {
+    for (const StateCode& code : kStateCodes) {
+      if (item->restype() != code.resultType) continue;
+      recoded.emplace_back(item, code.resultType);
+      item->setRestype(code.groupCode);
+      break;
+    }
+  }
+  const OdResult result = record->setFromRbChain(chain);
+  for (const auto& item : recoded)
+    item.first->setRestype(item.second);
+  return result;
 }
 
 // The trailing format version of a state chain, or -1 when it has none.
@@ -296,10 +296,18 @@ bool CJbDbCustBlockStorage::AppendMasterBlock(const OdDbObjectId& blockId, OdDbO
   return true;
 }
 
+bool CJbDbCustBlockStorage::HasState(const OdDbObjectId& blockId) const {
+  assertReadEnabled();
+  const CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
+  if (!entry) return false;
+  if (!openAs<OdDbXrecord>(entry->customDataId, OdDb::kForRead).isNull()) return true;
+  const CustBlockStorageEntry* master = m_pImpl->FindMaster(blockId);
+  return master && !openAs<CJbDbCustBlockGraph>(master->graphId, OdDb::kForRead).isNull();
+}
+
 bool CJbDbCustBlockStorage::CreateBlockInstance(const OdDbObjectId& blockId,
                                                 OdDbObjectId& newBlockId) {
-  OdResBufPtr chain;
-  if (!GetCustomData(blockId, chain) || !database()) return false;
+  if (!HasState(blockId) || !database()) return false;
   OdDbObjectId masterId, graphId;
   if (!GetMasterBlockId(blockId, masterId) || !GetMasterBlockGraphId(blockId, graphId))
     return false;
@@ -329,8 +337,7 @@ bool CJbDbCustBlockStorage::CreateBlockInstance(const OdDbObjectId& blockId,
 
 OdDbObjectId CJbDbCustBlockStorage::AddCustomDataRecord(const OdResBufPtr& chain) {
   OdDbXrecordPtr record = OdDbXrecord::createObject();
-  if (!database() || record->setFromRbChain(recordItems(chain.get()).get()) != eOk)
-    return OdDbObjectId::kNull;
+  if (!database() || storeState(record.get(), chain.get()) != eOk) return OdDbObjectId::kNull;
   const OdDbObjectId id = database()->addOdDbObject(record.get());
   record->setOwnerId(objectId());
   return id;
@@ -341,7 +348,7 @@ bool CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& blockId, OdResBufP
   CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
   if (!entry) return false;
   if (OdDbXrecordPtr record = openAs<OdDbXrecord>(entry->customDataId, OdDb::kForWrite))
-    return record->setFromRbChain(recordItems(chain.get()).get()) == eOk;
+    return storeState(record.get(), chain.get()) == eOk;
   assertWriteEnabled();
   const OdDbObjectId recordId = AddCustomDataRecord(chain);
   if (recordId.isNull()) return false;
@@ -461,8 +468,7 @@ OdDbObjectId CJbDbCustBlockStorage::CopyBlockTableRecord(const OdDbObjectId& blo
     return OdDbObjectId::kNull;
   {
     const CJbCustBlockDeepCloneReactor::Suspension ownCopy;
-    OdStaticRxObject<BlockTableRecordCloner> cloner(blockId, mapping.get());
-    const ScopedEventReactor registration(&cloner);
+    const BlockTableRecordCloner cloner(blockId, mapping.get());
     blockId.database()->deepCloneObjects(OdDbObjectIdArray{blockId}, tableId, *mapping, false);
   }
   const OdDbObjectId cloneId = cloneOf(*mapping, blockId);

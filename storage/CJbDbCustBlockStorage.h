@@ -78,8 +78,9 @@ class CJbDbCustBlockStorage : public OdDbObject {
   static void RemoveReferenceCustomization(const OdDbObjectId& referenceId,
                                            bool removeBlockFromStorage, bool restoreDynamicBlock);
 
-  // 90 reserved1, 90 reserved2, 90 count, then per entry in id order: block, master, name, graph
-  // (owned by a master), custom data.
+  // The two reserved values and the entry count, then per entry in id order: block, master, name,
+  // graph (owned by a master, referred to by an instance) and the owned state record. A DXF
+  // record with a group code out of place reads as eBadDxfSequence.
   OdResult dwgInFields(OdDbDwgFiler* filer) override;
   void dwgOutFields(OdDbDwgFiler* filer) const override;
   OdResult dxfInFields(OdDbDxfFiler* filer) override;
@@ -97,6 +98,8 @@ class CJbDbCustBlockStorage : public OdDbObject {
  private:
   // A new state record owned by the storage; its id.
   OdDbObjectId AddCustomDataRecord(const OdResBufPtr& chain);
+  // Whether GetCustomData finds state for the block, without building the chain.
+  bool HasState(const OdDbObjectId& blockId) const;
   // The state the master graph would give a new instance.
   static bool DefaultState(const OdDbObjectId& graphId, OdResBufPtr& chain);
   void AuditEntry(const OdDbObjectId& blockId, OdDbAuditInfo* auditInfo);

@@ -227,22 +227,22 @@ OdDbObjectIteratorPtr OdDbBlockReference::attributeIterator() const {
 }
 
 OdResult OdDbBlockReference::getStretchPoints(OdGePoint3dArray& points) const {
-  return getGripPoints(points);
+  return subGetGripPoints(points);
 }
 
 OdResult OdDbBlockReference::moveStretchPointsAt(const OdIntArray& indices,
                                                  const OdGeVector3d& offset) {
-  return moveGripPointsAt(indices, offset);
+  return subMoveGripPointsAt(indices, offset);
 }
 
-OdResult OdDbBlockReference::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbBlockReference::subGetGripPoints(OdGePoint3dArray& points) const {
   assertReadEnabled();
   points.append(m_position);
   return eOk;
 }
 
-OdResult OdDbBlockReference::moveGripPointsAt(const OdIntArray& indices,
-                                              const OdGeVector3d& offset) {
+OdResult OdDbBlockReference::subMoveGripPointsAt(const OdIntArray& indices,
+                                                 const OdGeVector3d& offset) {
   if (!indices.contains(0)) return eOk;
   return transformBy(OdGeMatrix3d::translation(offset));
 }

@@ -49,8 +49,8 @@ class OdDbBlockReference : public OdDbEntity {
   // The position; moving it moves the attributes too.
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // The block's entity extents under the block transform.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 

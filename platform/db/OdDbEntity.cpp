@@ -1,6 +1,8 @@
 // Entity base: common properties and their filing.
 #include "platform/db/OdDbEntity.h"
 
+#include "platform/db/OdDbGripPointsPE.h"
+
 #include <string>
 #include <unordered_set>
 
@@ -183,18 +185,31 @@ OdResult OdDbEntity::getTransformedCopy(const OdGeMatrix3d& xform, OdDbEntityPtr
 }
 
 OdResult OdDbEntity::getStretchPoints(OdGePoint3dArray& points) const {
-  return getGripPoints(points);
+  return subGetGripPoints(points);
 }
 
 OdResult OdDbEntity::moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
-  return moveGripPointsAt(indices, offset);
+  return subMoveGripPointsAt(indices, offset);
 }
 
-OdResult OdDbEntity::getGripPoints(OdGePoint3dArray&) const {
+OdResult OdDbEntity::getGripPoints(OdGePoint3dArray& points) const {
+  OdDbGripPointsPEPtr extension =
+      OdDbGripPointsPE::cast(isA()->getX(OdDbGripPointsPE::desc()).get());
+  return extension.isNull() ? subGetGripPoints(points) : extension->getGripPoints(this, points);
+}
+
+OdResult OdDbEntity::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+  OdDbGripPointsPEPtr extension =
+      OdDbGripPointsPE::cast(isA()->getX(OdDbGripPointsPE::desc()).get());
+  return extension.isNull() ? subMoveGripPointsAt(indices, offset)
+                            : extension->moveGripPointsAt(this, indices, offset);
+}
+
+OdResult OdDbEntity::subGetGripPoints(OdGePoint3dArray&) const {
   return eNotApplicable;
 }
 
-OdResult OdDbEntity::moveGripPointsAt(const OdIntArray&, const OdGeVector3d&) {
+OdResult OdDbEntity::subMoveGripPointsAt(const OdIntArray&, const OdGeVector3d&) {
   return eNotApplicable;
 }
 

@@ -70,11 +70,16 @@ class OdDbEntity : public OdDbObject {
   // A free transformed copy; by default a clone moved by transformBy. Kinds that change kind
   // under a non-uniform transform (a circle becoming an ellipse) override it.
   virtual OdResult getTransformedCopy(const OdGeMatrix3d& xform, OdDbEntityPtr& copy) const;
-  // Stretch points default to the grip points.
+  // Stretch points default to the entity's own grip points.
   virtual OdResult getStretchPoints(OdGePoint3dArray& points) const;
   virtual OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset);
-  virtual OdResult getGripPoints(OdGePoint3dArray& points) const;
-  virtual OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset);
+  // The grips a user sees and drags: those of a grip-points extension (OdDbGripPointsPE)
+  // attached to the entity's class or a parent class, else the entity's own.
+  OdResult getGripPoints(OdGePoint3dArray& points) const;
+  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset);
+  // The entity's own grips, whatever extension is attached.
+  virtual OdResult subGetGripPoints(OdGePoint3dArray& points) const;
+  virtual OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset);
   // eInvalidExtents when the entity has no extents.
   virtual OdResult getGeomExtents(OdGeExtents3d& extents) const;
 

@@ -169,6 +169,11 @@ OdDbHandle DxfFileReader::handleOf(const DxfTag& tag) {
   return handle;
 }
 
+void DxfFileReader::claimFramingHandle(const OdDbHandle& handle) {
+  m_db->getOdDbObjectId(handle, true);
+  if (recovering()) m_framingHandles.insert(handle.value());
+}
+
 bool DxfFileReader::handleTaken(const OdDbHandle& handle) const {
   const OdDbObjectId id = m_db->getOdDbObjectId(handle);
   return (!id.isNull() && id.stub()->object()) || m_framingHandles.count(handle.value()) != 0;
@@ -604,10 +609,8 @@ void DxfFileReader::readBlocks() {
                    "\" is used already; new ones are given",
                {beginHandle, endHandle});
     } else if (!beginHandle.isNull() && !endHandle.isNull()) {
-      m_framingHandles.insert(beginHandle.value());
-      m_framingHandles.insert(endHandle.value());
-      m_db->getOdDbObjectId(beginHandle, true);
-      m_db->getOdDbObjectId(endHandle, true);
+      claimFramingHandle(beginHandle);
+      claimFramingHandle(endHandle);
       m_info->setRecordHandles(blockId, {beginHandle, endHandle});
     }
   }
@@ -671,10 +674,8 @@ void DxfFileReader::readEntity(const OdDbObjectId& block) {
         }
       }
       if (allKept) {
-        for (const OdDbHandle& kept : m_followerHandles) {
-          m_db->getOdDbObjectId(kept, true);
-          m_framingHandles.insert(kept.value());
-        }
+        for (const OdDbHandle& kept : m_followerHandles)
+          claimFramingHandle(kept);
         m_info->setRecordHandles(parent->objectId(), std::move(m_followerHandles));
       }
       endFollowers();
@@ -713,7 +714,8 @@ void DxfFileReader::readEntity(const OdDbObjectId& block) {
     // A reference may name a block defined later in the file (files without a block table).
     auto blockName =
         std::find_if(m_tags.begin(), m_tags.end(), [](const DxfTag& t) { return t.code() == 2; });
-    if (blockName != m_tags.end()) blockNamed(blockName->asString(), true);
+    if (blockName == m_tags.end()) fail(m_head, "but the block reference names no block (2)");
+    blockNamed(blockName->asString(), true);
   }
   readRecord(entity.get(), true);
 
@@ -783,6 +785,11 @@ void DxfFileReader::keepSection(const OdString& name) {
 
 OdDbObjectPtr DxfFileReader::createRecord(bool entity) {
   const OdString name = headName();
+  // Kept as an unknown record, a structure name would end a section or block when written.
+  static const char* const kStructure[] = {"SECTION", "ENDSEC", "EOF",    "TABLE",
+                                           "ENDTAB",  "BLOCK",  "ENDBLK", "CLASS"};
+  for (const char* structure : kStructure)
+    if (m_head.is(0, structure)) fail(m_head, "but a " + name.str() + " record cannot stand here");
   OdRxClass* cls = nullptr;
   if (name == "POLYLINE") {
     if (hasMarker(m_tags, "AcDb2dPolyline")) cls = OdDb2dPolyline::desc();

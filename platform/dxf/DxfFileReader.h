@@ -63,6 +63,8 @@ class DxfFileReader {
   void skipSection(const std::string& why);
   // A handle value; recovering, a bad one is reported and read as null.
   OdDbHandle handleOf(const DxfTag& tag);
+  // Reserves the handle of a record kept only as a handle (BLOCK, ENDBLK, VERTEX, SEQEND).
+  void claimFramingHandle(const OdDbHandle& handle);
   // A handle used by an object or a framing record already.
   bool handleTaken(const OdDbHandle& handle) const;
   // Drops the pointers of the current record to handles no record has.

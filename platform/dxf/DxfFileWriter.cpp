@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/db/OdDbAttribute.h"
+#include "platform/db/OdDbAttributeDefinition.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDatabase.h"
@@ -53,9 +54,13 @@ DxfFileWriter::DxfFileWriter(OdDbDatabase* database, const DxfWriteOptions& opti
 }
 
 OdString DxfFileWriter::dxfNameOf(const OdDbObject* object) {
-  if (const auto* unknown = OdDbUnknownObject::cast(object).get()) return unknown->dxfRecordName();
-  if (const auto* unknown = OdDbUnknownEntity::cast(object).get()) return unknown->dxfRecordName();
-  for (const OdRxClass* cls = object->isA(); cls; cls = cls->myParent())
+  // Unknown records have no subclasses: the class itself tells them, without a walk up.
+  const OdRxClass* own = object->isA();
+  if (own == OdDbUnknownObject::desc())
+    return static_cast<const OdDbUnknownObject*>(object)->dxfRecordName();
+  if (own == OdDbUnknownEntity::desc())
+    return static_cast<const OdDbUnknownEntity*>(object)->dxfRecordName();
+  for (const OdRxClass* cls = own; cls; cls = cls->myParent())
     if (!cls->dxfName().isEmpty()) return cls->dxfName();
   throw OdError(eNotApplicable, object->describe().str() + " has no DXF record name");
 }
@@ -76,6 +81,11 @@ std::string DxfFileWriter::write() {
   m_filer->startWriting(m_writer.get(), !m_options.binary);
 
   plan();
+  // Records take about this much on average in drawings of simple entities.
+  constexpr std::size_t kTextBytesPerObject = 224;
+  constexpr std::size_t kBinaryBytesPerObject = 150;
+  m_writer->reserve(m_db->numObjects() *
+                    (m_options.binary ? kBinaryBytesPerObject : kTextBytesPerObject));
   writeHeader();
   writeClasses();
   writeTables();
@@ -97,13 +107,31 @@ void DxfFileWriter::use(const OdDbObjectId& id) {
 }
 
 void DxfFileWriter::use(const OdDbObject* object) {
-  const OdString name = dxfNameOf(object);
+  const ClassFacts& facts = factsOf(object);
+  ++(facts.use ? *facts.use : useOfName(dxfNameOf(object), object)).count;
+}
+
+DxfFileWriter::ClassUse& DxfFileWriter::useOfName(const OdString& name, const OdDbObject* object) {
   auto inserted = m_classes.emplace(name, ClassUse());
   if (inserted.second) {
     m_classOrder.push_back(name);
     inserted.first->second.entity = object->isKindOf(OdDbEntity::desc());
   }
-  ++inserted.first->second.count;
+  return inserted.first->second;
+}
+
+const DxfFileWriter::ClassFacts& DxfFileWriter::factsOf(const OdDbObject* object) {
+  const OdRxClass* cls = object->isA();
+  for (const ClassFacts& facts : m_facts)
+    if (facts.cls == cls) return facts;
+  Followers followers = Followers::kKept;
+  if (cls->isDerivedFrom(OdDbBlockReference::desc())) followers = Followers::kAttributes;
+  if (cls->isDerivedFrom(OdDb2dPolyline::desc())) followers = Followers::kVertices2d;
+  if (cls->isDerivedFrom(OdDb3dPolyline::desc())) followers = Followers::kVertices3d;
+  const bool unknown = cls == OdDbUnknownObject::desc() || cls == OdDbUnknownEntity::desc();
+  m_facts.push_back({cls, followers, cls->isDerivedFrom(OdDbAttributeDefinition::desc()),
+                     unknown ? nullptr : &useOfName(dxfNameOf(object), object)});
+  return m_facts.back();
 }
 
 void DxfFileWriter::plan() {
@@ -177,19 +205,24 @@ void DxfFileWriter::planEntities(const OdDbObjectId& blockId) {
   for (OdDbObjectIteratorPtr it = block->newIterator(); !it->done(); it->step()) {
     const OdDbObjectId id = it->objectId();
     OdDbObjectPtr entity = m_db->openObject(id);
-    entities.push_back({id, nullptr});
+    const ClassFacts& facts = factsOf(entity.get());
+    entities.push_back({id, nullptr, facts.followers});
     use(entity.get());
-    if (auto* reference = OdDbBlockReference::cast(entity.get()).get()) {
+    if (facts.attributeDefinition) m_blocksWithAttributeDefinitions.insert(blockId.stub());
+    if (facts.followers == Followers::kAttributes) {
+      auto* reference = static_cast<OdDbBlockReference*>(entity.get());
       std::size_t attributes = 0;
       for (OdDbObjectIteratorPtr a = reference->attributeIterator(); !a->done(); a->step()) {
         ++attributes;
         use(a->objectId());
       }
       if (attributes) entities.back().recordHandles = &m_info->recordHandles(m_db, id, 1);
-    } else if (auto* polyline = OdDb2dPolyline::cast(entity.get()).get()) {
-      entities.back().recordHandles = &m_info->recordHandles(m_db, id, polyline->numVerts() + 1);
-    } else if (auto* polyline3d = OdDb3dPolyline::cast(entity.get()).get()) {
-      entities.back().recordHandles = &m_info->recordHandles(m_db, id, polyline3d->numVerts() + 1);
+    } else if (facts.followers == Followers::kVertices2d) {
+      const unsigned int count = static_cast<OdDb2dPolyline*>(entity.get())->numVerts();
+      entities.back().recordHandles = &m_info->recordHandles(m_db, id, count + 1);
+    } else if (facts.followers == Followers::kVertices3d) {
+      const unsigned int count = static_cast<OdDb3dPolyline*>(entity.get())->numVerts();
+      entities.back().recordHandles = &m_info->recordHandles(m_db, id, count + 1);
     } else {
       auto followers = m_info->followers.find(id.stub());
       if (followers == m_info->followers.end()) continue;
@@ -355,8 +388,8 @@ void DxfFileWriter::writeBlockFraming(const OdDbObjectId& blockId, bool begin) {
   }
   m_writer->write(100, "AcDbBlockBegin");
   m_filer->writeKept(2, name);
-  const int flags =
-      (block->isAnonymous() ? 1 : 0) | (block->hasAttributeDefinitions() ? 2 : 0) | kept.xrefFlags;
+  const bool attributes = m_blocksWithAttributeDefinitions.count(blockId.stub()) != 0;
+  const int flags = (block->isAnonymous() ? 1 : 0) | (attributes ? 2 : 0) | kept.xrefFlags;
   m_writer->write(70, static_cast<std::int16_t>(flags));
   const OdGePoint3d origin = block->origin();
   m_writer->writePoint(10, origin.x, origin.y, origin.z);
@@ -369,7 +402,8 @@ void DxfFileWriter::writeEntity(const PlannedEntity& planned) {
   const OdDbObjectId& id = planned.id;
   OdDbObjectPtr entity = m_db->openObject(id);
   writeObject(entity.get());
-  if (auto* reference = OdDbBlockReference::cast(entity.get()).get()) {
+  if (planned.followers == Followers::kAttributes) {
+    auto* reference = static_cast<OdDbBlockReference*>(entity.get());
     OdDbObjectIdArray attributes;
     for (OdDbObjectIteratorPtr a = reference->attributeIterator(); !a->done(); a->step())
       attributes.append(a->objectId());
@@ -384,7 +418,8 @@ void DxfFileWriter::writeEntity(const PlannedEntity& planned) {
     m_filer->writeKept(8, reference->layer().isEmpty() ? OdString("0") : reference->layer());
     return;
   }
-  if (auto* polyline = OdDb2dPolyline::cast(entity.get()).get()) {
+  if (planned.followers == Followers::kVertices2d) {
+    auto* polyline = static_cast<OdDb2dPolyline*>(entity.get());
     const unsigned int count = polyline->numVerts();
     const std::vector<OdDbHandle>& handles = *planned.recordHandles;
     for (unsigned int i = 0; i < count; ++i)
@@ -392,7 +427,8 @@ void DxfFileWriter::writeEntity(const PlannedEntity& planned) {
     writeObject(polyline->sequenceEnd().get(), handles[count], id);
     return;
   }
-  if (auto* polyline = OdDb3dPolyline::cast(entity.get()).get()) {
+  if (planned.followers == Followers::kVertices3d) {
+    auto* polyline = static_cast<OdDb3dPolyline*>(entity.get());
     const unsigned int count = polyline->numVerts();
     const std::vector<OdDbHandle>& handles = *planned.recordHandles;
     for (unsigned int i = 0; i < count; ++i)

@@ -2,6 +2,7 @@
 // sections kept from the file it was read from. Every object files itself through the file filer.
 #pragma once
 
+#include <deque>
 #include <map>
 #include <memory>
 #include <string>
@@ -31,13 +32,24 @@ class DxfFileWriter {
   };
   // An entity of a block, with the handles of the records written after it (attributes' sequence
   // end, vertices), resolved once when planning; null when it has none.
+  // What records follow an entity of a class.
+  enum class Followers : std::uint8_t { kKept, kAttributes, kVertices2d, kVertices3d };
   struct PlannedEntity {
     OdDbObjectId id;
     const std::vector<OdDbHandle>* recordHandles;
+    Followers followers;
   };
   struct ClassUse {
     std::size_t count = 0;
     bool entity = false;
+  };
+  // What the writer needs to know of a class, found once per class rather than per object;
+  // use is null for unknown records, whose name is their own.
+  struct ClassFacts {
+    const OdRxClass* cls;
+    Followers followers;
+    bool attributeDefinition;
+    ClassUse* use;
   };
 
   void plan();
@@ -45,6 +57,8 @@ class DxfFileWriter {
   // Counts the object's record name for CLASSES.
   void use(const OdDbObjectId& id);
   void use(const OdDbObject* object);
+  const ClassFacts& factsOf(const OdDbObject* object);
+  ClassUse& useOfName(const OdString& name, const OdDbObject* object);
 
   void writeHeader();
   void writeClasses();
@@ -76,4 +90,6 @@ class DxfFileWriter {
   std::unordered_set<OdDbStub*> m_planned;
   std::vector<OdString> m_classOrder;
   std::map<OdString, ClassUse> m_classes;
+  std::deque<ClassFacts> m_facts;  // a drawing has few classes: searched in order
+  std::unordered_set<OdDbStub*> m_blocksWithAttributeDefinitions;
 };

@@ -205,6 +205,8 @@ double DxfTag::asDouble() const {
 
 OdString DxfTag::asString() const {
   if (!isText()) fail(DxfGroupCode::kindName(DxfValueKind::kString));
+  // Text ends at a zero byte in every DXF reader; one inside a value cannot be written back.
+  if (m_value.find('\0') != std::string_view::npos) fail("text without zero bytes");
   if (m_value.find("\\U+") == std::string_view::npos) return OdString(m_value);
   return OdString(decodeEscapes(m_value));
 }

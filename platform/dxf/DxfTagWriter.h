@@ -50,6 +50,8 @@ class DxfTagWriter {
 
   const std::string& data() const noexcept { return m_data; }
   std::string takeData() { return std::move(m_data); }
+  // Room for bytes more, so that a large file is not copied as it grows.
+  void reserve(std::size_t bytes) { m_data.reserve(m_data.size() + bytes); }
 
  protected:
   DxfTagWriter() = default;

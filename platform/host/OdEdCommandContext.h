@@ -3,6 +3,7 @@
 #pragma once
 
 class OdDbDatabase;
+class OdEdUserIO;
 
 class OdEdCommandContext {
  public:
@@ -13,4 +14,6 @@ class OdEdCommandContext {
 
   // The drawing the command works on; null when none is open.
   virtual OdDbDatabase* database() const = 0;
+  // The user's questions and answers; null for a host that runs commands without a user.
+  virtual OdEdUserIO* userIO() const { return nullptr; }
 };

@@ -13,15 +13,12 @@
 #include <set>
 
 #include "JbcbProcess.h"
-#include "actions/CJbCustBlockActionClasses.h"
 #include "cli/CustomBlockAuthor.h"
+#include "cli/CustomBlockClasses.h"
 #include "cli/DoorDemoBlock.h"
 #include "cli/DrawingFile.h"
-#include "core/CJbCustBlockCoreClasses.h"
-#include "parameters/CJbCustBlockParameterClasses.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
-#include "storage/CJbCustBlockStorageClasses.h"
 
 class CustomBlockEdit : public ::testing::Test {
  protected:
@@ -142,10 +139,7 @@ class CustomBlockBatch : public ::testing::Test {
 
   static void SetUpTestSuite() {
     folder = new QTemporaryDir;
-    CJbCustBlockCoreClasses::RxInit();
-    CJbCustBlockParameterClasses::RxInit();
-    CJbCustBlockActionClasses::RxInit();
-    CJbCustBlockStorageClasses::RxInit();
+    classes = new CustomBlockClasses;
     const OdDbDatabasePtr database = OdDbDatabase::createObject();
     CustomBlockAuthor author(database.get(), "Door");
     DoorDemoBlock().author(author);
@@ -163,17 +157,16 @@ class CustomBlockBatch : public ::testing::Test {
     DrawingFile::write(database.get(), folder->filePath("doors.dxf").toStdString(), {});
   }
   static void TearDownTestSuite() {
-    CJbCustBlockStorageClasses::RxUninit();
-    CJbCustBlockActionClasses::RxUninit();
-    CJbCustBlockParameterClasses::RxUninit();
-    CJbCustBlockCoreClasses::RxUninit();
+    delete classes;
     delete folder;
   }
 
   static QTemporaryDir* folder;
+  static CustomBlockClasses* classes;
 };
 
 QTemporaryDir* CustomBlockBatch::folder = nullptr;
+CustomBlockClasses* CustomBlockBatch::classes = nullptr;
 
 TEST_F(CustomBlockBatch, SetAllReachesEveryReferenceAndALaterEditStaysWithItsReference) {
   const QString input = folder->filePath("doors.dxf"), output = folder->filePath("narrow.dxf");

@@ -3,6 +3,8 @@
 #include "ParameterTestSupport.h"
 #include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
+#include "platform/ge/OdGeAngle.h"
+#include "platform/ge/OdGeMatrix3d.h"
 
 class FlipParameterTest : public ParameterTest {
  protected:
@@ -43,10 +45,15 @@ TEST_F(FlipParameterTest, AClickTogglesOncePerEvaluationAndTurnsTheGrip) {
   // No click, no change.
   evaluate();
   EXPECT_TRUE(parameter->IsCurrentFlipped());
+  // A quarter turn of the block turns the arrow and the offset with it.
+  parameter->Transform(
+      OdGeMatrix3d::rotation(OdGeAngle::kHalfPi, OdGeVector3d::kZAxis, OdGePoint3d(2, 0, 0)),
+      false);
+  EXPECT_TRUE(gripFaces(OdGeVector3d(0, 1, 0), OdGeVector3d(-0.5, 1, 0)));
   click();
   evaluate();
   EXPECT_FALSE(parameter->IsCurrentFlipped());
-  EXPECT_TRUE(gripFaces(OdGeVector3d(-1, 0, 0), OdGeVector3d(-1, 0.5, 0)));
+  EXPECT_TRUE(gripFaces(OdGeVector3d(0, -1, 0), OdGeVector3d(-0.5, -1, 0)));
 }
 
 TEST_F(FlipParameterTest, IntegerValuesAndDegenerateLines) {

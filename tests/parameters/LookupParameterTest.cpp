@@ -94,14 +94,22 @@ TEST_F(LookupParameterTest, ARequestedRowStandsUntilTheEvaluationEnds) {
   EXPECT_FALSE(lookup->SetValue(0, row(1)));
   EXPECT_FALSE(lookup->NeedEvaluate());
 
-  // A lookup grip's request becomes the parameter's during evaluation.
-  lookup->SetReadOnly(false);
+  // The grip shows the parameter's row; its request becomes the parameter's during evaluation,
+  // unless the table is read-only.
   auto grip = add<CJbCustBlockLookupGrip>();
-  grip->AddConnection(lookup->GetElementId(), false, true);
+  bind(lookup.get(), 0, grip.get());
+  EXPECT_EQ(grip->GetState(), 0);
+  grip->SetState(1);
+  EXPECT_TRUE(lookup->Evaluate(&context));
+  EXPECT_FALSE(lookup->NeedEvaluate());
+  lookup->SetReadOnly(false);
   grip->SetState(1);
   EXPECT_TRUE(lookup->Evaluate(&context));
   EXPECT_FALSE(grip->NeedEvaluate());
   EXPECT_EQ(lookup->GetUpdatedState(), 1);
+  EXPECT_EQ(grip->GetState(), 1);
+  // A reference's state holds the base item alone: the row follows from the other parameters.
+  EXPECT_TRUE(lookup->SaveInstance(nullptr)->next().isNull());
 }
 
 TEST_F(LookupParameterTest, EditingRefusesWhatDoesNotFitAndKeepsCellsWithTheirRowAndColumn) {
@@ -140,23 +148,24 @@ TEST_F(LookupParameterTest, EditingRefusesWhatDoesNotFitAndKeepsCellsWithTheirRo
   EXPECT_EQ(lookup->GenerateStateName(), "LookupState2");
 }
 
-TEST_F(LookupParameterTest, ItsActionFeedsExactlyTheParametersTheColumnsName) {
+TEST_F(LookupParameterTest, ItFeedsTheColumnsParametersAfterItsActions) {
+  const int w = width->GetElementId(), h = height->GetElementId();
+  auto fed = [this] {
+    OdArray<int> ids;
+    lookup->GetConnections(ids, false, true);
+    return ids;
+  };
+  EXPECT_EQ(fed(), (OdArray<int>{w, h}));
   EXPECT_FALSE(lookup->IsValid());
-  auto action = addAction(lookup.get(), 0);
-  action->AddConnection(lookup->GetElementId(), true, false);
-  lookup->UpdateActionConnections();
+  const int action = addAction(lookup.get(), 0)->GetElementId();
   EXPECT_TRUE(lookup->IsValid());
-  EXPECT_TRUE(action->HasConnection(width->GetElementId(), false, true));
-  EXPECT_TRUE(action->HasConnection(height->GetElementId(), false, true));
-  EXPECT_TRUE(width->HasConnection(action->GetElementId(), true, false));
+  lookup->UpdateColumnConnections();
+  EXPECT_EQ(fed(), (OdArray<int>{action, w, h}));
+  EXPECT_TRUE(width->HasConnection(lookup->GetElementId(), true, false));
 
-  // Another action writing into this lookup is left alone.
-  auto outer = add<TestAction>();
-  outer->AddConnection(lookup->GetElementId(), false, true);
-  ASSERT_TRUE(lookup->RemoveParameterId(height->GetElementId(), 0));
-  EXPECT_FALSE(action->HasConnection(height->GetElementId(), false, true));
-  EXPECT_TRUE(action->HasConnection(width->GetElementId(), false, true));
-  EXPECT_TRUE(outer->HasConnection(lookup->GetElementId(), false, true));
+  ASSERT_TRUE(lookup->RemoveParameterId(h, 0));
+  EXPECT_EQ(fed(), (OdArray<int>{action, w}));
+  EXPECT_FALSE(height->HasConnection(lookup->GetElementId(), true, false));
 }
 
 TEST_F(LookupParameterTest, DwgRoundTripKeepsEveryFieldAndADamagedRecordChangesNothing) {

@@ -40,10 +40,7 @@ class DrawingRoundTripTest : public StorageTest {
   void SetUp() override {
     StorageTest::SetUp();
     door = addDoor("Door");
-    for (int i = 0; i < 3; ++i)
-      references.push_back(addReference(db->getModelSpaceId(), door, OdGePoint3d(30 * i, 0, 0)));
-    dragWidth(references[0], OdGeVector3d(5, 0, 0));
-    dragWidth(references[1], OdGeVector3d(10, 0, 0));
+    references = addReferences(3, 2);
   }
 
   // Width of each reference's block as drawn and as saved.

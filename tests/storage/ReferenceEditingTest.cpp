@@ -10,8 +10,7 @@ class ReferenceEditingTest : public StorageTest, public ::testing::WithParamInte
   void SetUp() override {
     StorageTest::SetUp();
     door = addDoor("Door", GetParam());
-    for (int i = 0; i < 3; ++i)
-      references.push_back(addReference(db->getModelSpaceId(), door, OdGePoint3d(30 * i, 0, 0)));
+    references = addReferences(3, 0);
   }
 
   std::vector<OdDbObjectId> references;

@@ -1,20 +1,21 @@
 // Damage the storage can meet in a drawing: entries of erased blocks, state that is no extension
 // record or does not load, masters without a graph, graphs and state of an older format. The audit
 // reports each, and with fixing on repairs it without losing anything else; removing a master
-// takes its instances along and points their references back at it.
+// takes its instances along and points their references back at it; another application's
+// round-trip data is stripped from blocks and references.
+#include <string>
+
 #include "StorageTestSupport.h"
 #include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbDictionary.h"
+#include "platform/dxf/DxfFile.h"
 
 class StorageAuditTest : public StorageTest {
  protected:
   void SetUp() override {
     StorageTest::SetUp();
     door = addDoor("Door");
-    for (int i = 0; i < 3; ++i) {
-      references.push_back(addReference(db->getModelSpaceId(), door));
-      dragWidth(references.back(), OdGeVector3d(5.0 * (i + 1), 0, 0));
-    }
+    references = addReferences(3, 3);
   }
 
   // Audits the drawing; the number of errors the storage reported.
@@ -113,4 +114,48 @@ TEST_F(StorageAuditTest, OutsideRoundTripDataIsStrippedFromBlocksAndReferences) 
   EXPECT_FALSE(storage()->IsBlockCustomizable(block));
   EXPECT_EQ(blockOf(references[0]), door);
   EXPECT_TRUE(open<OdDbBlockReference>(references[0])->extensionDictionary().isNull());
+}
+
+TEST_F(StorageAuditTest, OlderGraphsAndStateAreBroughtToTheCurrentFormat) {
+  // State saved by an older format is saved again.
+  const OdDbObjectId block = blockOf(references[0]);
+  OdResBufPtr chain;
+  ASSERT_TRUE(storage()->GetCustomData(block, chain));
+  chain->last()->setInt32(6);
+  storage(OdDb::kForWrite)->SetCustomData(block, chain);
+  EXPECT_EQ(audit(false), 1);
+  EXPECT_EQ(audit(true), 1);
+  EXPECT_EQ(audit(false), 0);
+  storage()->GetCustomData(block, chain);
+  EXPECT_EQ(chain->last()->getInt32(), 7);
+
+  // The master graph as a drawing of format 0.6 carries it.
+  std::string text = DxfFile::writeToMemory(db.get());
+  const std::size_t marker = text.find("100\r\nJbDbCustBlockGraph\r\n");
+  ASSERT_NE(marker, std::string::npos);
+  // The second 90 after the marker is the minor version; its value line ends in the digit.
+  const std::size_t minorCode = text.find(" 90\r\n", text.find(" 90\r\n", marker) + 1);
+  const std::size_t minor = text.find("\r\n", minorCode + 5) - 1;
+  ASSERT_EQ(text[minor], '7');
+  text[minor] = '6';
+  const auto graphOf = [this](const OdDbObjectId& master) {
+    OdDbObjectId graph;
+    storage()->GetMasterBlockGraphId(master, graph);
+    return open<CJbDbCustBlockGraph>(graph);
+  };
+  const OdDbHandle doorHandle = door.getHandle(), editedHandle = references[1].getHandle();
+  db = DxfFile::readFromMemory(text);
+  door = db->getOdDbObjectId(doorHandle);
+  ASSERT_TRUE(graphOf(door)->IsOlderVersion());
+  EXPECT_EQ(audit(true), 1);
+  EXPECT_FALSE(graphOf(door)->IsOlderVersion());
+
+  // An edit brings the graph up as well, and goes on from the saved state.
+  db = DxfFile::readFromMemory(text);
+  door = db->getOdDbObjectId(doorHandle);
+  const OdDbObjectId edited = db->getOdDbObjectId(editedHandle);
+  dragWidth(edited, OdGeVector3d(5, 0, 0));
+  EXPECT_FALSE(graphOf(door)->IsOlderVersion());
+  EXPECT_TRUE(SameFrame(frameOf(blockOf(edited)), DoorFrame(25)));
+  EXPECT_NEAR(savedWidth(blockOf(edited)), 25.0, 1e-9);
 }

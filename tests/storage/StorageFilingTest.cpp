@@ -2,9 +2,11 @@
 // instance's only referred to, reserved values kept, out-of-place DXF codes refused with the
 // entries read so far kept; and the id rules of swapping masters and of mapping saved state.
 #include <algorithm>
+#include <string>
 
 #include "StorageTestSupport.h"
 #include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/dxf/DxfFile.h"
 
 namespace {
 // The entries of a DXF record: one text per item after the entry count.
@@ -28,11 +30,8 @@ class StorageFilingTest : public StorageTest {
   void SetUp() override {
     StorageTest::SetUp();
     door = addDoor("Door");
-    for (int i = 0; i < 3; ++i) {
-      const OdDbObjectId reference = addReference(db->getModelSpaceId(), door);
-      if (i < 2) dragWidth(reference, OdGeVector3d(5.0 * (i + 1), 0, 0));
+    for (const OdDbObjectId& reference : addReferences(3, 2))
       blocks.push_back(blockOf(reference));
-    }
     storage(OdDb::kForWrite)->GetMasterBlockGraphId(door, graph);
   }
 
@@ -141,4 +140,35 @@ TEST_F(StorageFilingTest, MappingRewritesOnlySoftPointers) {
   EXPECT_EQ(tagTexts(chain.get()),
             (std::vector<std::string>{"330 " + hex(copy), "340 " + hex(original),
                                       "360 " + hex(original), "330 " + hex(door)}));
+}
+
+TEST_F(StorageFilingTest, TheDrawingKeepsOneStorageUnderItsKeyAndDeclaresItsClass) {
+  OdDbDatabasePtr fresh = OdDbDatabase::createObject();
+  EXPECT_TRUE(CJbDbCustBlockStorage::GetStorage(fresh.get(), OdDb::kForRead, false).isNull());
+  EXPECT_TRUE(CJbDbCustBlockStorage::GetStorage(nullptr, OdDb::kForRead, true).isNull());
+  OdDbObjectId created;
+  {
+    CJbDbCustBlockStoragePtr made =
+        CJbDbCustBlockStorage::GetStorage(fresh.get(), OdDb::kForRead, true);
+    ASSERT_FALSE(made.isNull());
+    EXPECT_FALSE(made->isWriteEnabled());
+    created = made->objectId();
+  }
+  EXPECT_EQ(open<OdDbDictionary>(fresh->getNamedObjectsDictionaryId())->getAt("JB_CUST_BLOCK_DATA"),
+            created);
+  EXPECT_EQ(CJbDbCustBlockStorage::GetStorage(fresh.get(), OdDb::kForWrite, true)->objectId(),
+            created);
+
+  // State is only stored for blocks of the storage's own drawing.
+  const OdDbObjectId foreign =
+      open<OdDbBlockTable>(fresh->getBlockTableId())->getAt("*Model_Space");
+  EXPECT_FALSE(storage(OdDb::kForWrite)->SetCustomData(door, foreign, OdResBufPtr()));
+  EXPECT_FALSE(storage()->IsBlockCustomizable(foreign));
+
+  const std::string text = DxfFile::writeToMemory(db.get());
+  const std::size_t declared = text.find(
+      "JB_BLOCK_STORAGE\r\n  2\r\nJbDbCustBlockStorage\r\n  3\r\n"
+      "JBDBCB Classes");
+  EXPECT_NE(declared, std::string::npos);
+  EXPECT_LT(declared, text.find("ENTITIES"));
 }

@@ -107,6 +107,15 @@ OdDbObjectId StorageTest::addDoor(const OdString& name, bool polar, int extraLin
   return block;
 }
 
+std::vector<OdDbObjectId> StorageTest::addReferences(int count, int edited) {
+  std::vector<OdDbObjectId> references;
+  for (int i = 0; i < count; ++i) {
+    references.push_back(addReference(db->getModelSpaceId(), door, OdGePoint3d(30.0 * i, 0, 0)));
+    if (i < edited) dragWidth(references.back(), OdGeVector3d(5.0 * (i + 1), 0, 0));
+  }
+  return references;
+}
+
 void StorageTest::dragWidth(const OdDbObjectId& reference, const OdGeVector3d& by) {
   CJbCustBlockEditorHelper helper(reference);
   CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);

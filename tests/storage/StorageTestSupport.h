@@ -24,6 +24,9 @@ class StorageTest : public DbTest {
   CJbDbCustBlockStoragePtr storage(OdDb::OpenMode mode = OdDb::kForRead,
                                    OdDbDatabase* database = nullptr);
 
+  // `count` references of the door in model space, the first `edited` of them widened by 5, 10,
+  // ... through the editor helper.
+  std::vector<OdDbObjectId> addReferences(int count, int edited);
   // Drags the right width grip of the reference by `by` and commits the edit.
   void dragWidth(const OdDbObjectId& reference, const OdGeVector3d& by);
   OdDbObjectId blockOf(const OdDbObjectId& reference);

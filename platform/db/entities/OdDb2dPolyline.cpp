@@ -147,14 +147,15 @@ OdResult OdDb2dPolyline::getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEnti
   return SplineCopy::ofPath(this, points, bulges, m_closed, m_elevation, m_normal, matrix, copy);
 }
 
-OdResult OdDb2dPolyline::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDb2dPolyline::subGetGripPoints(OdGePoint3dArray& points) const {
   assertReadEnabled();
   for (unsigned int i = 0; i < m_vertices.length(); ++i)
     points.append(vertexPosition(i));
   return eOk;
 }
 
-OdResult OdDb2dPolyline::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDb2dPolyline::subMoveGripPointsAt(const OdIntArray& indices,
+                                             const OdGeVector3d& offset) {
   assertWriteEnabled();
   const OdGeVector3d local = OdGeMatrix3d::worldToPlane(m_normal) * offset;
   bool all = !m_vertices.isEmpty();

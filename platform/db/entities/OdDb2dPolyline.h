@@ -45,8 +45,8 @@ class OdDb2dPolyline : public ExtrudedEntity {
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
   // Grip points, and so stretch points: the vertices, in world coordinates.
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
   OdResult dwgInFields(OdDbDwgFiler* filer) override;

@@ -65,14 +65,15 @@ OdResult OdDb3dPolyline::transformBy(const OdGeMatrix3d& matrix) {
   return eOk;
 }
 
-OdResult OdDb3dPolyline::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDb3dPolyline::subGetGripPoints(OdGePoint3dArray& points) const {
   assertReadEnabled();
   for (const OdDb3dPolylineVertexPtr& vertex : m_vertices)
     points.append(vertex->position());
   return eOk;
 }
 
-OdResult OdDb3dPolyline::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDb3dPolyline::subMoveGripPointsAt(const OdIntArray& indices,
+                                             const OdGeVector3d& offset) {
   assertWriteEnabled();
   for (int index : indices) {
     if (index < 0 || static_cast<unsigned int>(index) >= m_vertices.length()) continue;

@@ -33,8 +33,8 @@ class OdDb3dPolyline : public OdDbEntity {
   // Any non-singular transformation: the vertices follow it.
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   // Grip points, and so stretch points: the vertices.
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
   OdResult dwgInFields(OdDbDwgFiler* filer) override;

@@ -148,13 +148,13 @@ OdResult OdDbArc::moveStretchPointsAt(const OdIntArray& indices, const OdGeVecto
   return eOk;
 }
 
-OdResult OdDbArc::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbArc::subGetGripPoints(OdGePoint3dArray& points) const {
   getStretchPoints(points);
   points.append(m_shape.center);
   return eOk;
 }
 
-OdResult OdDbArc::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbArc::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   if (indices.contains(2)) {
     assertWriteEnabled();
     m_shape.center += offset;

@@ -37,8 +37,8 @@ class OdDbArc : public OdDbEntity {
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // Grips: start (0), end (1) as for stretching, and the centre (2), which moves the arc.
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
   OdResult dwgInFields(OdDbDwgFiler* filer) override;

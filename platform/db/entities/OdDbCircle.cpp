@@ -76,7 +76,7 @@ OdResult OdDbCircle::moveStretchPointsAt(const OdIntArray&, const OdGeVector3d&)
   return eOk;
 }
 
-OdResult OdDbCircle::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbCircle::subGetGripPoints(OdGePoint3dArray& points) const {
   assertReadEnabled();
   const OdGePoint3d& center = m_shape.center;
   const OdGeMatrix3d axes = OdGeMatrix3d::planeToWorld(m_shape.normal);
@@ -90,7 +90,7 @@ OdResult OdDbCircle::getGripPoints(OdGePoint3dArray& points) const {
   return eOk;
 }
 
-OdResult OdDbCircle::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbCircle::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   assertWriteEnabled();
   for (int index : indices) {
     if (index == 0) {
@@ -99,7 +99,7 @@ OdResult OdDbCircle::moveGripPointsAt(const OdIntArray& indices, const OdGeVecto
     }
   }
   OdGePoint3dArray grips;
-  getGripPoints(grips);
+  subGetGripPoints(grips);
   for (int index : indices) {
     if (index < 1 || index > 4) continue;
     const double radius = (grips[index] + offset).distanceTo(m_shape.center);

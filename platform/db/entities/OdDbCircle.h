@@ -28,8 +28,8 @@ class OdDbCircle : public OdDbEntity {
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // Grips: centre (0, moves the circle) and the four quadrant points (1-4, change the radius).
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
   OdResult dwgInFields(OdDbDwgFiler* filer) override;

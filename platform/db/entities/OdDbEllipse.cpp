@@ -140,11 +140,11 @@ OdResult OdDbEllipse::moveStretchPointsAt(const OdIntArray& indices, const OdGeV
   return eOk;
 }
 
-OdResult OdDbEllipse::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbEllipse::subGetGripPoints(OdGePoint3dArray& points) const {
   return getStretchPoints(points);
 }
 
-OdResult OdDbEllipse::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbEllipse::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   return moveStretchPointsAt(indices, offset);
 }
 

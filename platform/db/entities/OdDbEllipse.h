@@ -35,8 +35,8 @@ class OdDbEllipse : public OdDbEntity {
   // Stretch point: the centre, which moves the ellipse whole.
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
   OdResult dwgInFields(OdDbDwgFiler* filer) override;

@@ -534,11 +534,11 @@ OdResult OdDbHatch::moveStretchPointsAt(const OdIntArray& indices, const OdGeVec
   return eOk;
 }
 
-OdResult OdDbHatch::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbHatch::subGetGripPoints(OdGePoint3dArray& points) const {
   return getStretchPoints(points);
 }
 
-OdResult OdDbHatch::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbHatch::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   return moveStretchPointsAt(indices, offset);
 }
 

@@ -96,8 +96,8 @@ class OdDbHatch : public OdDbEntity {
   // moves whole when its centre or both its ends move. Moving every point also moves the plane.
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // The box of the boundary (exact for arcs, sampled for splines).
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 

@@ -55,7 +55,7 @@ OdResult OdDbLine::moveStretchPointsAt(const OdIntArray& indices, const OdGeVect
   return eOk;
 }
 
-OdResult OdDbLine::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbLine::subGetGripPoints(OdGePoint3dArray& points) const {
   assertReadEnabled();
   points.append(m_start);
   points.append(m_start + (m_end - m_start) * 0.5);
@@ -63,7 +63,7 @@ OdResult OdDbLine::getGripPoints(OdGePoint3dArray& points) const {
   return eOk;
 }
 
-OdResult OdDbLine::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbLine::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   assertWriteEnabled();
   bool moveStart = false;
   bool moveEnd = false;

@@ -173,11 +173,11 @@ OdResult OdDbMText::moveStretchPointsAt(const OdIntArray& indices, const OdGeVec
   return eOk;
 }
 
-OdResult OdDbMText::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbMText::subGetGripPoints(OdGePoint3dArray& points) const {
   return getStretchPoints(points);
 }
 
-OdResult OdDbMText::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbMText::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   return moveStretchPointsAt(indices, offset);
 }
 

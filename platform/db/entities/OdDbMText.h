@@ -52,8 +52,8 @@ class OdDbMText : public OdDbEntity {
   // Stretch and grip point: the location (0).
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // An estimate without font metrics: the column width (or 0.8 of the height per character of
   // the longest paragraph) by the paragraph count times the standard line pitch of 5/3 height.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;

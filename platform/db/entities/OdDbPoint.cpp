@@ -52,11 +52,11 @@ OdResult OdDbPoint::moveStretchPointsAt(const OdIntArray& indices, const OdGeVec
   return eOk;
 }
 
-OdResult OdDbPoint::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbPoint::subGetGripPoints(OdGePoint3dArray& points) const {
   return getStretchPoints(points);
 }
 
-OdResult OdDbPoint::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbPoint::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   return moveStretchPointsAt(indices, offset);
 }
 

@@ -188,11 +188,11 @@ OdResult OdDbPolyline::moveStretchPointsAt(const OdIntArray& indices, const OdGe
   return eOk;
 }
 
-OdResult OdDbPolyline::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbPolyline::subGetGripPoints(OdGePoint3dArray& points) const {
   return getStretchPoints(points);
 }
 
-OdResult OdDbPolyline::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbPolyline::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   return moveStretchPointsAt(indices, offset);
 }
 

@@ -49,8 +49,8 @@ class OdDbPolyline : public ExtrudedEntity {
   // keep their included angle.
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // The exact box of the centre line, arc segments included.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 

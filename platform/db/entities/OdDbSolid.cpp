@@ -53,11 +53,11 @@ OdResult OdDbSolid::moveStretchPointsAt(const OdIntArray& indices, const OdGeVec
   return eOk;
 }
 
-OdResult OdDbSolid::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbSolid::subGetGripPoints(OdGePoint3dArray& points) const {
   return getStretchPoints(points);
 }
 
-OdResult OdDbSolid::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbSolid::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   return moveStretchPointsAt(indices, offset);
 }
 

@@ -219,11 +219,11 @@ OdResult OdDbSpline::moveStretchPointsAt(const OdIntArray& indices, const OdGeVe
   return eOk;
 }
 
-OdResult OdDbSpline::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbSpline::subGetGripPoints(OdGePoint3dArray& points) const {
   return getStretchPoints(points);
 }
 
-OdResult OdDbSpline::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbSpline::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   return moveStretchPointsAt(indices, offset);
 }
 

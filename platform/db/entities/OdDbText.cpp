@@ -260,11 +260,11 @@ OdResult OdDbText::moveStretchPointsAt(const OdIntArray& indices, const OdGeVect
   return eOk;
 }
 
-OdResult OdDbText::getGripPoints(OdGePoint3dArray& points) const {
+OdResult OdDbText::subGetGripPoints(OdGePoint3dArray& points) const {
   return getStretchPoints(points);
 }
 
-OdResult OdDbText::moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
+OdResult OdDbText::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
   return moveStretchPointsAt(indices, offset);
 }
 

@@ -64,8 +64,8 @@ class OdDbText : public ExtrudedEntity {
   // alignment point and moves whole whichever point is stretched.
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
-  OdResult getGripPoints(OdGePoint3dArray& points) const override;
-  OdResult moveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
+  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
+  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // An estimate without font metrics: each character advances 0.8 of the height times the
   // width factor, the box runs from the baseline to one height above it, slanted by the oblique
   // angle and placed by the justification.

@@ -1,0 +1,5 @@
+#include "module/commands/CJbCommandBVHide.h"
+
+void CJbCommandBVHide::Run() {
+  ChangeHiddenEntities(true);
+}

@@ -1,0 +1,5 @@
+#include "module/commands/CJbCommandBVShow.h"
+
+void CJbCommandBVShow::Run() {
+  ChangeHiddenEntities(false);
+}

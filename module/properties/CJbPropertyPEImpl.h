@@ -1,0 +1,30 @@
+// The properties-palette extension of one class of the module: its list of properties, parents'
+// properties first, read and written through the object's own accessors.
+#pragma once
+
+#include "module/properties/CJbCustBlockProperty.h"
+#include "platform/host/CJbPropertyBase.h"
+
+class OdRxClass;
+
+class CJbPropertyPEImpl : public CJbPropertyBase {
+ public:
+  using ClassGetter = OdRxClass* (*)();
+
+  CJbPropertyPEImpl(ClassGetter kind, OdArray<CJbCustBlockProperty> properties);
+
+  // The class the extension is attached to; null while it is not registered.
+  OdRxClass* GetKindClass() const { return m_kind(); }
+
+  OdArray<Property> GetProperties() const override;
+  OdResBufPtr GetPropertyValue(const OdRxObject* object, const OdString& name) const override;
+  // Reals are taken for angles and angles for reals; other types must match.
+  bool SetPropertyValue(OdRxObject* object, const OdString& name,
+                        const OdResBuf* value) const override;
+
+ private:
+  const CJbCustBlockProperty* Find(const OdString& name) const;
+
+  ClassGetter m_kind;
+  OdArray<CJbCustBlockProperty> m_properties;
+};

@@ -1,0 +1,9 @@
+// Editing utilities of alignment grips.
+#pragma once
+
+#include "module/utilities/CJbCustBlockGripUtilsPE.h"
+
+class CJbCustBlockAlignmentGripUtilsPE : public CJbCustBlockGripUtilsPE {
+ public:
+  CJbCustBlockAlignmentGripUtilsPE();
+};

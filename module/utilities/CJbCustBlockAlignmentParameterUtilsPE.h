@@ -1,0 +1,9 @@
+// Editing utilities of alignment parameters.
+#pragma once
+
+#include "module/utilities/CJbCustBlockParameterUtilsPE.h"
+
+class CJbCustBlockAlignmentParameterUtilsPE : public CJbCustBlockParameterUtilsPE {
+ public:
+  CJbCustBlockAlignmentParameterUtilsPE();
+};

@@ -1,0 +1,9 @@
+// Editing utilities of base grips.
+#pragma once
+
+#include "module/utilities/CJbCustBlockGripUtilsPE.h"
+
+class CJbCustBlockBaseGripUtilsPE : public CJbCustBlockGripUtilsPE {
+ public:
+  CJbCustBlockBaseGripUtilsPE();
+};

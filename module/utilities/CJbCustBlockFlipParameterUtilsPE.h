@@ -1,0 +1,9 @@
+// Editing utilities of flip parameters.
+#pragma once
+
+#include "module/utilities/CJbCustBlockParameterUtilsPE.h"
+
+class CJbCustBlockFlipParameterUtilsPE : public CJbCustBlockParameterUtilsPE {
+ public:
+  CJbCustBlockFlipParameterUtilsPE();
+};

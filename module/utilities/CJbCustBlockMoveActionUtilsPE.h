@@ -1,0 +1,9 @@
+// Editing utilities of move actions.
+#pragma once
+
+#include "module/utilities/CJbCustBlockActionUtilsPE.h"
+
+class CJbCustBlockMoveActionUtilsPE : public CJbCustBlockActionUtilsPE {
+ public:
+  CJbCustBlockMoveActionUtilsPE();
+};

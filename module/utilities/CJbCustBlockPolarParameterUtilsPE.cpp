@@ -1,0 +1,7 @@
+#include "module/utilities/CJbCustBlockPolarParameterUtilsPE.h"
+
+#include "parameters/CJbCustBlockPolarParameter.h"
+
+CJbCustBlockPolarParameterUtilsPE::CJbCustBlockPolarParameterUtilsPE()
+    : CJbCustBlockParameterUtilsPE(&CJbCustBlockPolarParameter::desc, "Polar", "POLAR",
+                                   OdResBuf::kRtDouble, "JbCustBlockPolarGrip") {}

@@ -1,0 +1,7 @@
+#include "module/utilities/CJbCustBlockPolarStretchActionUtilsPE.h"
+
+#include "actions/CJbCustBlockPolarStretchAction.h"
+
+CJbCustBlockPolarStretchActionUtilsPE::CJbCustBlockPolarStretchActionUtilsPE()
+    : CJbCustBlockActionUtilsPE(&CJbCustBlockPolarStretchAction::desc, "Polar Stretch",
+                                "POLARSTRETCH") {}

@@ -1,0 +1,9 @@
+// Editing utilities of polar stretch actions.
+#pragma once
+
+#include "module/utilities/CJbCustBlockActionUtilsPE.h"
+
+class CJbCustBlockPolarStretchActionUtilsPE : public CJbCustBlockActionUtilsPE {
+ public:
+  CJbCustBlockPolarStretchActionUtilsPE();
+};

@@ -1,0 +1,6 @@
+#include "module/utilities/CJbCustBlockRotateActionUtilsPE.h"
+
+#include "actions/CJbCustBlockRotateAction.h"
+
+CJbCustBlockRotateActionUtilsPE::CJbCustBlockRotateActionUtilsPE()
+    : CJbCustBlockActionUtilsPE(&CJbCustBlockRotateAction::desc, "Rotate", "ROTATE") {}

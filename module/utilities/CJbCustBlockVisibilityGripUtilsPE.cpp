@@ -1,0 +1,6 @@
+#include "module/utilities/CJbCustBlockVisibilityGripUtilsPE.h"
+
+#include "parameters/grips/CJbCustBlockVisibilityGrip.h"
+
+CJbCustBlockVisibilityGripUtilsPE::CJbCustBlockVisibilityGripUtilsPE()
+    : CJbCustBlockGripUtilsPE(&CJbCustBlockVisibilityGrip::desc, "Visibility Grip", "VISIBILITY") {}

@@ -1,0 +1,9 @@
+// Editing utilities of visibility grips.
+#pragma once
+
+#include "module/utilities/CJbCustBlockGripUtilsPE.h"
+
+class CJbCustBlockVisibilityGripUtilsPE : public CJbCustBlockGripUtilsPE {
+ public:
+  CJbCustBlockVisibilityGripUtilsPE();
+};

@@ -1,0 +1,9 @@
+// Editing utilities of XY grips.
+#pragma once
+
+#include "module/utilities/CJbCustBlockGripUtilsPE.h"
+
+class CJbCustBlockXYGripUtilsPE : public CJbCustBlockGripUtilsPE {
+ public:
+  CJbCustBlockXYGripUtilsPE();
+};
