@@ -8,9 +8,9 @@
 #include <stdexcept>
 
 #include "cli/CustomBlockAuthor.h"
-#include "cli/CustomBlockClasses.h"
 #include "cli/DoorDemoBlock.h"
 #include "cli/DrawingFile.h"
+#include "cli/ModuleLoading.h"
 #include "platform/OdPlatform.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
@@ -66,12 +66,10 @@ BENCHMARK(BM_Demo)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealTime();
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
   odInitialize();
-  {
-    const CustomBlockClasses classes;
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-  }
+  if (!loadCustomizableBlocksModule(QCoreApplication::applicationDirPath())) return 1;
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
   odUninitialize();
   return 0;
 }

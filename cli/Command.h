@@ -13,7 +13,4 @@ class Command {
   virtual CLI::App* addTo(CLI::App& app) = 0;
   // Runs the command; returns the exit code (0 success, 1 when any input failed).
   virtual int run() = 0;
-  // Whether the command, as parsed, calls into the customizable-block classes itself; it then runs
-  // with jbcb's own copy of them instead of the module a host loads.
-  virtual bool usesCustomBlockClasses() const { return false; }
 };

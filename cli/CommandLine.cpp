@@ -1,19 +1,14 @@
 // Parsing: help and version requests exit 0 through the parser; any other parse failure names
-// the problem and shows the usage of the command it concerns. A command that works with
-// customizable blocks itself gets jbcb's own copy of their classes; any other runs with the module
-// loaded, as a host runs, so that their data is read and written by the module.
+// the problem and shows the usage of the command it concerns.
 #include "cli/CommandLine.h"
 
-#include <QCoreApplication>
 #include <iostream>
 
 #include "cli/CheckCommand.h"
 #include "cli/ConvertCommand.h"
-#include "cli/CustomBlockClasses.h"
 #include "cli/DemoCommand.h"
 #include "cli/GripCommand.h"
 #include "cli/InfoCommand.h"
-#include "cli/ModuleLoading.h"
 #include "cli/RenderCommand.h"
 #include "cli/SetCommand.h"
 
@@ -61,15 +56,8 @@ int CommandLine::run(int argc, char** argv) {
     std::cerr << "jbcb: " << error.what() << "\n\n" << context->help();
     return kUsageError;
   }
-  for (const auto& [sub, command] : m_commands) {
-    if (!sub->parsed()) continue;
-    if (command->usesCustomBlockClasses()) {
-      const CustomBlockClasses classes;
-      return command->run();
-    }
-    loadCustomizableBlocksModule(QCoreApplication::applicationDirPath());
-    return command->run();
-  }
+  for (const auto& [sub, command] : m_commands)
+    if (sub->parsed()) return command->run();
   std::cerr << m_app.help();
   return kUsageError;
 }

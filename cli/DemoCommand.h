@@ -10,7 +10,6 @@ class DemoCommand : public Command {
  public:
   CLI::App* addTo(CLI::App& app) override;
   int run() override;
-  bool usesCustomBlockClasses() const override { return true; }
 
  private:
   std::string m_folder = ".";

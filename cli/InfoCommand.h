@@ -10,7 +10,6 @@ class InfoCommand : public Command {
  public:
   CLI::App* addTo(CLI::App& app) override;
   int run() override;
-  bool usesCustomBlockClasses() const override { return m_blocks; }
 
  private:
   std::vector<std::string> m_files;

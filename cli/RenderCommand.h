@@ -9,7 +9,6 @@ class RenderCommand : public Command {
  public:
   CLI::App* addTo(CLI::App& app) override;
   int run() override;
-  bool usesCustomBlockClasses() const override { return m_grips; }
 
  private:
   std::string m_input;

@@ -14,7 +14,6 @@ class SetCommand : public Command {
  public:
   CLI::App* addTo(CLI::App& app) override;
   int run() override;
-  bool usesCustomBlockClasses() const override { return true; }
 
  private:
   CLI::App* m_command = nullptr;

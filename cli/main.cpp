@@ -1,9 +1,10 @@
 // jbcb: the command-line host. Starts Qt without a display when there is none (rendering needs
-// fonts and painters, never a window) and the drawing platform, then runs the command line, which
-// brings in the customizable-block classes the chosen command needs.
+// fonts and painters, never a window), the drawing platform and the customizable-blocks module,
+// then runs the command line.
 #include <QGuiApplication>
 
 #include "cli/CommandLine.h"
+#include "cli/ModuleLoading.h"
 #include "platform/OdPlatform.h"
 
 namespace {
@@ -21,6 +22,7 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(quietQtMessages);
   QGuiApplication application(argc, argv);
   odInitialize();
+  loadCustomizableBlocksModule(QCoreApplication::applicationDirPath());
   const int code = CommandLine().run(argc, argv);
   odUninitialize();
   return code;

@@ -43,6 +43,9 @@
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClass.h"
 #include "platform/rx/OdRxClassRegistration.h"
+#include "storage/CJbBlockInstanceGripPoints.h"
+#include "storage/CJbCustBlockDeepCloneReactor.h"
+#include "storage/CJbDbCustBlockStorage.h"
 
 namespace {
 // Parents before children: the bases, the parameter kinds, the actions, the grips, then the
@@ -83,7 +86,10 @@ const OdRxClassRegistration kClassOrder[] = {
     odrxClassRegistration<CJbCustBlockLookupGrip>(),
     odrxClassRegistration<CJbCustBlockAlignmentGrip>(),
     odrxClassRegistration<CJbDbCustBlockGraph>(),
+    odrxClassRegistration<CJbDbCustBlockStorage>(),
     odrxClassRegistration<CJbCustBlockGraphReactor>(),
+    odrxClassRegistration<CJbCustBlockDeepCloneReactor>(),
+    odrxClassRegistration<CJbBlockInstanceGripPoints>(),
 };
 }  // namespace
 

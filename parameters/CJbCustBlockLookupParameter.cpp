@@ -318,6 +318,8 @@ bool CJbCustBlockLookupParameter::SetValue(unsigned index, const OdResBufPtr& va
     return false;
   const int state = value->getInt32();
   if (state < 0 || static_cast<unsigned>(state) >= GetStateCount()) return false;
+  // An action attached after the columns is put first before the row is evaluated.
+  UpdateColumnConnections();
   SetUpdatedState(state);
   return true;
 }

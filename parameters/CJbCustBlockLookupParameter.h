@@ -94,8 +94,8 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   OdString GetCurrentStateName() const;
 
   // Feeds the parameters the columns name, after this parameter's actions, so that a row the
-  // action writes reaches them and their own actions in the same evaluation. Column edits call it;
-  // an editor that attaches an action to a table with columns calls it again.
+  // action writes reaches them and their own actions in the same evaluation. Column edits and row
+  // requests call it.
   void UpdateColumnConnections();
 
  private:

@@ -14,9 +14,9 @@
 
 #include "JbcbProcess.h"
 #include "cli/CustomBlockAuthor.h"
-#include "cli/CustomBlockClasses.h"
 #include "cli/DoorDemoBlock.h"
 #include "cli/DrawingFile.h"
+#include "cli/ModuleLoading.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
 
@@ -139,7 +139,7 @@ class CustomBlockBatch : public ::testing::Test {
 
   static void SetUpTestSuite() {
     folder = new QTemporaryDir;
-    classes = new CustomBlockClasses;
+    ASSERT_TRUE(loadCustomizableBlocksModule(JBCB_BIN_DIR));
     const OdDbDatabasePtr database = OdDbDatabase::createObject();
     CustomBlockAuthor author(database.get(), "Door");
     DoorDemoBlock().author(author);
@@ -156,17 +156,12 @@ class CustomBlockBatch : public ::testing::Test {
     }
     DrawingFile::write(database.get(), folder->filePath("doors.dxf").toStdString(), {});
   }
-  static void TearDownTestSuite() {
-    delete classes;
-    delete folder;
-  }
+  static void TearDownTestSuite() { delete folder; }
 
   static QTemporaryDir* folder;
-  static CustomBlockClasses* classes;
 };
 
 QTemporaryDir* CustomBlockBatch::folder = nullptr;
-CustomBlockClasses* CustomBlockBatch::classes = nullptr;
 
 TEST_F(CustomBlockBatch, SetAllReachesEveryReferenceAndALaterEditStaysWithItsReference) {
   const QString input = folder->filePath("doors.dxf"), output = folder->filePath("narrow.dxf");

@@ -159,7 +159,8 @@ TEST_F(LookupParameterTest, ItFeedsTheColumnsParametersAfterItsActions) {
   EXPECT_FALSE(lookup->IsValid());
   const int action = addAction(lookup.get(), 0)->GetElementId();
   EXPECT_TRUE(lookup->IsValid());
-  lookup->UpdateColumnConnections();
+  // An action attached after the columns goes first once a row is requested.
+  EXPECT_TRUE(lookup->SetValue(0, row(1)));
   EXPECT_EQ(fed(), (OdArray<int>{action, w, h}));
   EXPECT_TRUE(width->HasConnection(lookup->GetElementId(), true, false));
 
