@@ -168,7 +168,7 @@ TEST_F(ModuleRegistration, AFailedInitAppTakesBackWhatItHadDone) {
   EXPECT_FALSE(loadModule().isNull());
 }
 
-TEST(ModuleEntryPoints, ReportTheInterfaceVersionAndExportTheLayersForHostsThatLinkThem) {
+TEST(ModuleEntryPoints, ReportTheInterfaceVersionAndTheLayersApi) {
   void* library = dlopen(modulePath().c_str(), RTLD_NOW | RTLD_LOCAL);
   ASSERT_NE(library, nullptr) << dlerror();
   auto version = reinterpret_cast<OdGetApiVersionFn>(dlsym(library, "odrxGetAPIVersion"));
@@ -178,7 +178,7 @@ TEST(ModuleEntryPoints, ReportTheInterfaceVersionAndExportTheLayersForHostsThatL
   EXPECT_EQ(std::vector<int>({major, minor, maintenance, build}),
             std::vector<int>({4, 3, 2, 74345}));
   EXPECT_NE(dlsym(library, "odrxCreateModuleObject"), nullptr);
-  // A host that links the module calls the layers' API in it: one copy of every class.
+  // A host links the module for the layers' API, so their classes are exported once, from here.
   EXPECT_NE(dlsym(library, "_ZN19CJbCustBlockElement4descEv"), nullptr);
   dlclose(library);
 }
