@@ -112,7 +112,7 @@ class ArrayAndVisibilityEditingTest : public StorageTest {
 
   // Writes the drawing to a DXF file and carries on with the drawing read from it.
   void saveAndReload() {
-    const fs::path path = fs::temp_directory_path() / "jbcb_array_visibility.dxf";
+    const fs::path path = UniqueTempPath(".dxf");
     DxfFile::write(db.get(), path.string());
     OdDbDatabasePtr read = DxfFile::read(path.string());
     fs::remove(path);
