@@ -143,7 +143,16 @@ OdResult OdDbMText::transformBy(const OdGeMatrix3d& matrix) {
   if (plane.isReversed()) {
     const OdGeMatrix3d toPlane = OdGeMatrix3d::worldToPlane(plane.newNormal());
     const OdGeVector3d local = toPlane * direction;
-    if (local.x < -1e-9 || (std::fabs(local.x) <= 1e-9 && local.y < 0.0)) direction.negate();
+    // The outline is the mirror image of the old one about the location when its columns
+    // (reversed reading) or its rows (text turned over) trade ends.
+    const int column = (m_attachment - 1) % 3;
+    const int row = (m_attachment - 1) / 3;
+    if (local.x < -1e-9 || (std::fabs(local.x) <= 1e-9 && local.y < 0.0)) {
+      direction.negate();
+      m_attachment = static_cast<AttachmentPoint>(row * 3 + (2 - column) + 1);
+    } else {
+      m_attachment = static_cast<AttachmentPoint>((2 - row) * 3 + column + 1);
+    }
   }
   m_location = matrix * m_location;
   m_direction = direction;

@@ -45,8 +45,9 @@ class OdDbMText : public OdDbEntity {
   void setStyleName(const OdString& name);
 
   // Similarities only (eCannotScaleNonUniformly otherwise, also from getTransformedCopy). Under
-  // a mirror the text stays readable: the direction is the mirrored one or its reverse,
-  // whichever reads left to right.
+  // a mirror the text stays readable and fills the mirror image of its outline: the direction is
+  // the mirrored one or its reverse, whichever reads left to right, and the attachment trades
+  // left for right (reversed reading) or top for bottom (text turned over).
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
   // Stretch and grip point: the location (0).
