@@ -12,7 +12,6 @@
 ODRX_DXF_DEFINE_MEMBERS(OdDbText, OdDbEntity, "TEXT", "", 0)
 
 namespace {
-constexpr double kCharacterAdvance = 0.8;
 constexpr int kMirroredInX = 2;
 constexpr int kMirroredInY = 4;
 
@@ -23,13 +22,6 @@ int characterCount(const OdString& text) {
     if ((static_cast<unsigned char>(ch) & 0xC0) != 0x80) ++count;
   }
   return count;
-}
-
-// The angle, of a direction and its reverse, that reads left to right (upwards when vertical).
-double readableAngle(double angle) {
-  const double c = std::cos(angle);
-  const bool reverse = c < -1e-9 || (std::fabs(c) <= 1e-9 && std::sin(angle) < 0.0);
-  return OdGeAngle::normalize(reverse ? angle + OdGeAngle::kPi : angle);
 }
 
 bool isBaselineAligned(OdDb::TextHorzMode mode) {
@@ -70,16 +62,6 @@ OdString OdDbText::textString() const {
 void OdDbText::setTextString(const OdString& text) {
   assertWriteEnabled();
   m_text = text;
-}
-
-OdString OdDbText::styleName() const {
-  assertReadEnabled();
-  return m_style;
-}
-
-void OdDbText::setStyleName(const OdString& name) {
-  assertWriteEnabled();
-  m_style = name;
 }
 
 double OdDbText::height() const {
@@ -295,14 +277,6 @@ OdResult OdDbText::moveStretchPointsAt(const OdIntArray& indices, const OdGeVect
     m_alignment += offset;
   }
   return eOk;
-}
-
-OdResult OdDbText::subGetGripPoints(OdGePoint3dArray& points) const {
-  return getStretchPoints(points);
-}
-
-OdResult OdDbText::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
-  return moveStretchPointsAt(indices, offset);
 }
 
 OdDbText::Outline OdDbText::currentOutline() const {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/db/entities/ExtrudedEntity.h"
+#include "platform/db/entities/TextEntity.h"
 
 namespace OdDb {
 enum TextHorzMode {
@@ -17,7 +18,7 @@ enum TextHorzMode {
 enum TextVertMode { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
 }  // namespace OdDb
 
-class OdDbText : public ExtrudedEntity {
+class OdDbText : public TextEntity<ExtrudedEntity> {
   ODRX_DECLARE_MEMBERS(OdDbText);
 
  public:
@@ -32,8 +33,6 @@ class OdDbText : public ExtrudedEntity {
   bool isJustified() const;
   OdString textString() const;
   void setTextString(const OdString& text);
-  OdString styleName() const;
-  void setStyleName(const OdString& name);
   double height() const;
   // A height that is not positive raises eInvalidInput.
   void setHeight(double height);
@@ -65,8 +64,6 @@ class OdDbText : public ExtrudedEntity {
   // alignment point and moves whole whichever point is stretched.
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
-  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
-  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // An estimate without font metrics: each character advances 0.8 of the height times the
   // width factor, the box runs from the baseline to one height above it, slanted by the oblique
   // angle and placed by the justification.
@@ -117,7 +114,6 @@ class OdDbText : public ExtrudedEntity {
   OdGePoint3d m_position;
   OdGePoint3d m_alignment;
   OdString m_text;
-  OdString m_style = "Standard";
   double m_height = 1.0;
   double m_rotation = 0.0;
   double m_widthFactor = 1.0;
