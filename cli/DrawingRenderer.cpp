@@ -90,7 +90,34 @@ void DrawingRenderer::render(QPainter& painter, const OdDbObjectId& blockId,
   Context top;
   top.byBlock = AciColorTable::color(7, m_background);
   drawBlock(painter, blockId, top);
+  drawMarkers(painter);
   painter.restore();
+}
+
+void DrawingRenderer::drawMarkers(QPainter& painter) const {
+  // Grip blue, outlined so that it shows on either background.
+  constexpr double kHalf = 5.0;
+  painter.setPen(QPen(m_background == Qt::black ? Qt::white : Qt::black, 1.0));
+  painter.setBrush(QColor(30, 110, 255));
+  for (const Marker& marker : m_markers) {
+    const QPointF c = m_view.map(QPointF(marker.position.x, marker.position.y));
+    switch (marker.shape) {
+      case MarkerShape::kSquare:
+        painter.drawRect(QRectF(c.x() - kHalf, c.y() - kHalf, 2 * kHalf, 2 * kHalf));
+        break;
+      case MarkerShape::kDiamond:
+        painter.drawPolygon(QPolygonF({c + QPointF(0, -kHalf - 1), c + QPointF(kHalf + 1, 0),
+                                       c + QPointF(0, kHalf + 1), c + QPointF(-kHalf - 1, 0)}));
+        break;
+      case MarkerShape::kCircle:
+        painter.drawEllipse(c, kHalf, kHalf);
+        break;
+      case MarkerShape::kTriangle:
+        painter.drawPolygon(QPolygonF(
+            {c + QPointF(-kHalf, kHalf), c + QPointF(kHalf, kHalf), c + QPointF(0, -kHalf)}));
+        break;
+    }
+  }
 }
 
 void DrawingRenderer::drawBlock(QPainter& painter, const OdDbObjectId& blockId,

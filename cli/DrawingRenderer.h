@@ -7,11 +7,13 @@
 #include <QFont>
 #include <QSizeF>
 #include <QTransform>
+#include <utility>
 #include <vector>
 
 #include "platform/db/OdDbObjectId.h"
 #include "platform/ge/OdGeExtents3d.h"
 #include "platform/ge/OdGeMatrix3d.h"
+#include "platform/ge/OdGePoint3d.h"
 
 class OdDbBlockReference;
 class OdDbDatabase;
@@ -23,7 +25,16 @@ class DrawingRenderer {
   // Share of the smaller side of the picture left free around the drawing.
   static constexpr double kMargin = 0.05;
 
+  // Small symbols drawn over the drawing at a fixed size in pixels, such as grips.
+  enum class MarkerShape { kSquare, kDiamond, kCircle, kTriangle };
+  struct Marker {
+    OdGePoint3d position;  // world coordinates
+    MarkerShape shape = MarkerShape::kSquare;
+  };
+
   DrawingRenderer(OdDbDatabase* database, const QColor& background);
+
+  void setMarkers(std::vector<Marker> markers) { m_markers = std::move(markers); }
 
   // The extents of what the block shows; invalid when it shows nothing.
   OdGeExtents3d extents(const OdDbObjectId& blockId) const;
@@ -52,10 +63,12 @@ class DrawingRenderer {
   // Visible, and on a layer that is on and thawed.
   bool isShown(const OdDbEntity* entity, const Context& context) const;
   QColor colorOf(const OdDbEntity* entity, const Context& context) const;
+  void drawMarkers(QPainter& painter) const;
 
   OdDbDatabase* m_database;
   QColor m_background;
   QFont m_font;
+  std::vector<Marker> m_markers;
   // Set per render: world to device and the chord tolerance in world units.
   mutable QTransform m_view;
   mutable double m_tolerance = 0.1;

@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <iostream>
 
+#include "cli/CustomBlockReport.h"
 #include "cli/DrawingFile.h"
 #include "cli/DrawingSummary.h"
 #include "cli/FileBatch.h"
@@ -18,10 +19,15 @@ CLI::App* InfoCommand::addTo(CLI::App& app) {
   info->add_option("files", m_files, "DXF files to inspect")->required();
   info->add_flag("--json", m_json,
                  "Print one JSON array with an object per file (schema in docs/cli.md)");
+  info->add_flag("--blocks", m_blocks,
+                 "Show the customizable blocks instead: parameters, properties, actions, grips "
+                 "and every reference with its current values");
   info->footer(
       "Examples:\n"
       "  jbcb info plan.dxf\n"
-      "  jbcb info --json *.dxf | jq '.[].entities'");
+      "  jbcb info --json *.dxf | jq '.[].entities'\n"
+      "  jbcb info --blocks demo.dxf\n"
+      "  jbcb info --blocks --json demo.dxf | jq '.[].references[].values'");
   return info;
 }
 
@@ -30,12 +36,15 @@ int InfoCommand::run() {
   const int code = FileBatch::run(m_files, [&](const std::string& file, std::ostream& out) {
     try {
       const OdDbDatabasePtr database = DrawingFile::read(file);
-      const DrawingSummary summary = DrawingSummary::of(database.get(), file);
-      if (m_json)
-        documents.append(summary.toJson());
-      else
-        out << summary.toText();
-      return true;
+      const auto show = [&](const auto& report) {
+        if (m_json)
+          documents.append(report.toJson());
+        else
+          out << report.toText();
+        return true;
+      };
+      if (m_blocks) return show(CustomBlockReport::of(database.get(), file));
+      return show(DrawingSummary::of(database.get(), file));
     } catch (const std::exception& error) {
       if (m_json)
         documents.append(QJsonObject{{"file", QString::fromStdString(file)},

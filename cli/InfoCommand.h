@@ -14,4 +14,5 @@ class InfoCommand : public Command {
  private:
   std::vector<std::string> m_files;
   bool m_json = false;
+  bool m_blocks = false;
 };

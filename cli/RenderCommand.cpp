@@ -5,6 +5,7 @@
 #include <CLI/CLI.hpp>
 #include <string_view>
 
+#include "cli/CustomReferenceGrips.h"
 #include "cli/DrawingFile.h"
 #include "cli/DrawingImageWriter.h"
 #include "cli/DrawingRenderer.h"
@@ -12,6 +13,7 @@
 #include "platform/base/OdError.h"
 #include "platform/db/OdDbBlockTable.h"
 #include "platform/db/OdDbBlockTableRecord.h"
+#include "platform/db/OdDbEntity.h"
 
 namespace {
 // One side of a size: 1 to 5 decimal digits.
@@ -34,6 +36,33 @@ bool parseSize(const std::string& text, QSize& size) {
     return false;
   size = QSize(width, height);
   return width >= 1 && height >= 1 && width <= 16384 && height <= 16384;
+}
+
+DrawingRenderer::MarkerShape shapeOf(CJbCustBlockGrip::GripType type) {
+  switch (type) {
+    case CJbCustBlockGrip::kLinearGrip:
+      return DrawingRenderer::MarkerShape::kDiamond;
+    case CJbCustBlockGrip::kRotationGrip:
+      return DrawingRenderer::MarkerShape::kCircle;
+    case CJbCustBlockGrip::kFlipGrip:
+    case CJbCustBlockGrip::kStateGrip:
+      return DrawingRenderer::MarkerShape::kTriangle;
+    default:
+      return DrawingRenderer::MarkerShape::kSquare;
+  }
+}
+
+// The grips of the customizable references drawn directly in the block.
+std::vector<DrawingRenderer::Marker> gripMarkers(OdDbDatabase* database,
+                                                 const OdDbObjectId& blockId) {
+  const CustomBlockCatalog catalog(database);
+  std::vector<DrawingRenderer::Marker> markers;
+  for (const OdDbObjectId& reference : catalog.references()) {
+    if (OdDbEntityPtr(reference.safeOpenObject())->ownerId() != blockId) continue;
+    for (const CustomReferenceGrips::Grip& grip : CustomReferenceGrips::of(catalog, reference))
+      markers.push_back({grip.position, shapeOf(grip.type)});
+  }
+  return markers;
 }
 }  // namespace
 
@@ -64,10 +93,12 @@ CLI::App* RenderCommand::addTo(CLI::App& app) {
   render->add_option("--background", m_background, "Background colour")
       ->check(CLI::IsMember({"white", "black"}))
       ->capture_default_str();
+  render->add_flag("--grips", m_grips, "Draw the grips of customizable block references");
   render->footer(
       "Examples:\n"
       "  jbcb render plan.dxf -o plan.png\n"
-      "  jbcb render plan.dxf -o door.svg --block Door --size 400x400 --background black");
+      "  jbcb render plan.dxf -o door.svg --block Door --size 400x400 --background black\n"
+      "  jbcb render demo.dxf -o demo-grips.png --grips");
   return render;
 }
 
@@ -85,7 +116,8 @@ int RenderCommand::run() {
       blockId = blocks->getAt(m_block);
       if (blockId.isNull()) throw OdError(eKeyNotFound, "no block named \"" + m_block + "\"");
     }
-    const DrawingRenderer renderer(database.get(), background);
+    DrawingRenderer renderer(database.get(), background);
+    if (m_grips) renderer.setMarkers(gripMarkers(database.get(), blockId));
     DrawingImageWriter::write(renderer, blockId, size, format, m_output);
     return true;
   });

@@ -16,4 +16,5 @@ class RenderCommand : public Command {
   std::string m_size = "1024x768";
   std::string m_block;
   std::string m_background = "white";
+  bool m_grips = false;
 };

@@ -9,7 +9,6 @@
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTable.h"
 #include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbDwgFiler.h"
@@ -636,6 +635,8 @@ void CJbDbCustBlockStorage::RemoveBlockCustomization(const OdDbObjectId& blockId
   if (block.isNull()) return;
   if (removeOutsideData) {
     if (CJbCustBlockConverterUtils* converter = CJbCustBlockConverterUtils::Get()) {
+      // The host's converter opens the block itself.
+      block.release();
       converter->RemoveOutsideData(blockId);
     } else {
       const OdDbObjectId dictionaryId = block->extensionDictionary();

@@ -472,27 +472,30 @@ void DxfFileReader::readTable() {
 }
 
 void DxfFileReader::readTableRecord(OdDbObject* table, OdRxClass* recordClass) {
-  {
-    if (!hasSubclassMarkers(m_tags))
-      DxfR12Markers::insert(headName(), DxfR12Markers::Kind::kTableRecord, m_tags);
-    if (recordClass) {
-      OdDbObjectPtr record = OdDbObject::cast(recordClass->create().get());
-      readRecord(record.get(), true);
-      auto* symbols = static_cast<OdDbSymbolTable*>(table);
-      record->setOwnerId(OdDbObjectId::kNull);
-      try {
-        symbols->add(static_cast<OdDbSymbolTableRecord*>(record.get()));
-      } catch (const OdError& e) {
-        throw OdError(e.code(), m_head.position().str() + ": " + headName().str() + " record " +
-                                    record->describe().str() + ": " + e.description());
-      }
-    } else {
-      OdDbUnknownObjectPtr record = OdDbUnknownObject::createObject();
-      record->setDxfRecordName(headName());
-      readRecord(record.get(), true);
-      m_info->tables.back().recordIds.append(record->objectId());
+  if (!hasSubclassMarkers(m_tags))
+    DxfR12Markers::insert(headName(), DxfR12Markers::Kind::kTableRecord, m_tags);
+  if (recordClass) {
+    OdDbObjectPtr record = OdDbObject::cast(recordClass->create().get());
+    readRecord(record.get(), true);
+    auto* symbols = static_cast<OdDbSymbolTable*>(table);
+    record->setOwnerId(OdDbObjectId::kNull);
+    try {
+      symbols->add(static_cast<OdDbSymbolTableRecord*>(record.get()));
+    } catch (const OdError& e) {
+      throw OdError(e.code(), m_head.position().str() + ": " + headName().str() + " record " +
+                                  record->describe().str() + ": " + e.description());
     }
+  } else {
+    OdDbUnknownObjectPtr record = OdDbUnknownObject::createObject();
+    record->setDxfRecordName(headName());
+    readRecord(record.get(), true);
+    m_info->tables.back().recordIds.append(record->objectId());
   }
+  if (!m_droppedOwner.isNull())
+    reportAt(
+        DxfRecoverReport::kDanglingOwner,
+        "owner " + m_droppedOwner.ascii().str() + " does not exist; the record goes to its table",
+        {m_droppedOwner});
 }
 
 OdDbObjectId DxfFileReader::blockNamed(const OdString& name, bool create) {

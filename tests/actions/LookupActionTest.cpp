@@ -45,13 +45,14 @@ class LookupActionTest : public ActionTest {
                                        OdGePoint3d(-50, 850, 0), OdGePoint3d(650, 950, 0));
     lookup = new CJbCustBlockLookupParameter;
     graph->AppendNode(lookup);
-    action = new CJbCustBlockLookupAction;
-    graph->AppendNode(action);
-    action->SetParameter(lookup->GetElementId());
     lookup->AddParameterId(width->GetElementId(), 0);
     lookup->AddParameterId(height->GetElementId(), 0);
     addRow("600x900", 600, 900);
     addRow("900x1200", 900, 1200);
+    // Attached after the table, as the editor does.
+    action = new CJbCustBlockLookupAction;
+    graph->AppendNode(action);
+    action->SetParameter(lookup->GetElementId());
   }
 
   template <class T>

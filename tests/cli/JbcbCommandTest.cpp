@@ -7,33 +7,19 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include "DrawingBuilder.h"
+#include "JbcbProcess.h"
 #include "cli/DrawingFile.h"
 #include "cli/DrawingRenderer.h"
 #include "platform/db/entities/OdDbCircle.h"
 
 class JbcbCommand : public ::testing::Test {
  protected:
-  struct Result {
-    int code = -1;
-    QString out;
-    QString err;
-  };
+  using Result = JbcbResult;
 
-  Result jbcb(const QStringList& arguments) {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.remove("DISPLAY");
-    environment.remove("WAYLAND_DISPLAY");
-    process.setProcessEnvironment(environment);
-    process.start(JBCB_EXECUTABLE, arguments);
-    EXPECT_TRUE(process.waitForFinished(60000)) << "jbcb did not finish";
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-  }
+  Result jbcb(const QStringList& arguments) { return runJbcb(arguments); }
 
   QString path(const QString& name) const { return folder.filePath(name); }
 

@@ -9,6 +9,7 @@
 #include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbDictionary.h"
 #include "platform/dxf/DxfFile.h"
+#include "platform/host/CJbCustBlockConverterUtils.h"
 
 class StorageAuditTest : public StorageTest {
  protected:
@@ -109,6 +110,18 @@ TEST_F(StorageAuditTest, OutsideRoundTripDataIsStrippedFromBlocksAndReferences) 
   EXPECT_TRUE(storage()->IsBlockCustomizable(block));
   record.release();
   dictionary.release();
+
+  // An installed converter does the stripping, and may open the block itself.
+  struct Converter : CJbCustBlockConverterUtils {
+    void RemoveOutsideData(const OdDbObjectId& blockId) override {
+      opened = !blockId.openObject(OdDb::kForWrite).isNull();
+    }
+    bool opened = false;
+  } converter;
+  CJbCustBlockConverterUtils* before = CJbCustBlockConverterUtils::Set(&converter);
+  CJbDbCustBlockStorage::RemoveBlockCustomization(block, false, true);
+  CJbCustBlockConverterUtils::Set(before);
+  EXPECT_TRUE(converter.opened);
 
   CJbDbCustBlockStorage::RemoveReferenceCustomization(references[0], true, true);
   EXPECT_FALSE(storage()->IsBlockCustomizable(block));

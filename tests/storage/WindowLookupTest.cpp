@@ -35,9 +35,6 @@ class WindowLookupTest : public StorageTest {
     graph->AppendNode(table);
     lookup = table->GetElementId();
     widthParameter = width;
-    CJbCustBlockLookupActionPtr action(new CJbCustBlockLookupAction);
-    graph->AppendNode(action);
-    action->SetParameter(lookup);
     ASSERT_TRUE(table->AddParameterId(width, 0) && table->AddParameterId(height, 0));
     const double sizes[2][2] = {{600, 900}, {900, 1200}};
     for (const auto& size : sizes) {
@@ -46,6 +43,9 @@ class WindowLookupTest : public StorageTest {
       table->SetParameterValue(0, row, OdResBuf::newRb(OdResBuf::kRtDouble, size[0]));
       table->SetParameterValue(1, row, OdResBuf::newRb(OdResBuf::kRtDouble, size[1]));
     }
+    CJbCustBlockLookupActionPtr action(new CJbCustBlockLookupAction);
+    graph->AppendNode(action);
+    action->SetParameter(lookup);
     graph.release();
     chosen = addReference(db->getModelSpaceId(), window);
     other = addReference(db->getModelSpaceId(), window, OdGePoint3d(2000, 0, 0));
