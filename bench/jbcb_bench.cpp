@@ -7,16 +7,13 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
-#include "actions/CJbCustBlockActionClasses.h"
 #include "cli/CustomBlockAuthor.h"
 #include "cli/DoorDemoBlock.h"
 #include "cli/DrawingFile.h"
-#include "core/CJbCustBlockCoreClasses.h"
-#include "parameters/CJbCustBlockParameterClasses.h"
+#include "cli/ModuleLoading.h"
 #include "platform/OdPlatform.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
-#include "storage/CJbCustBlockStorageClasses.h"
 
 namespace {
 constexpr int kDoors = 10000;
@@ -69,17 +66,10 @@ BENCHMARK(BM_Demo)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealTime();
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
   odInitialize();
-  CJbCustBlockCoreClasses::RxInit();
-  CJbCustBlockParameterClasses::RxInit();
-  CJbCustBlockActionClasses::RxInit();
-  CJbCustBlockStorageClasses::RxInit();
+  if (!loadCustomizableBlocksModule(QCoreApplication::applicationDirPath())) return 1;
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
-  CJbCustBlockStorageClasses::RxUninit();
-  CJbCustBlockActionClasses::RxUninit();
-  CJbCustBlockParameterClasses::RxUninit();
-  CJbCustBlockCoreClasses::RxUninit();
   odUninitialize();
   return 0;
 }

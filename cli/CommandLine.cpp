@@ -13,7 +13,10 @@
 #include "cli/SetCommand.h"
 
 CommandLine::CommandLine()
-    : m_app("jbcb: inspect, check, convert and render DXF drawings", "jbcb") {
+    : m_app(
+          "jbcb: inspect, check, convert and render DXF drawings, and author, inspect and edit "
+          "their customizable blocks",
+          "jbcb") {
   m_app.set_version_flag("--version", std::string("jbcb ") + JBCB_VERSION);
   m_app.require_subcommand(1);
   m_app.footer(
@@ -22,6 +25,9 @@ CommandLine::CommandLine()
       "  jbcb check *.dxf\n"
       "  jbcb convert plan.dxf -o plan-r2010.dxf --version R2010\n"
       "  jbcb render plan.dxf -o plan.png --size 1600x1200\n"
+      "  jbcb demo -o demo\n"
+      "  jbcb info --blocks demo/demo.dxf\n"
+      "  jbcb set demo/demo.dxf --block Door --all Width=1000 -o wide.dxf\n"
       "\n"
       "Exit codes: 0 success, 1 an input file failed, 2 usage error.\n"
       "Run 'jbcb COMMAND --help' for the options of a command.");

@@ -226,7 +226,12 @@ bool CustomBlockProperty::parse(const CJbCustBlockParameter* parameter, const st
   }
   if (isState()) {
     const std::vector<std::string> names = states(parameter);
-    const auto found = std::find(names.begin(), names.end(), text);
+    // The exact name first; state names are also unique ignoring case, so "open" finds "Open".
+    auto found = std::find(names.begin(), names.end(), text);
+    if (found == names.end())
+      found = std::find_if(names.begin(), names.end(), [&](const std::string& name) {
+        return OdString(name.c_str()).iEquals(OdString(text.c_str()));
+      });
     if (found == names.end()) {
       error = expected;
       return false;

@@ -8,6 +8,7 @@
 #include <QJsonDocument>
 #include <iomanip>
 #include <iostream>
+#include <map>
 
 #include "cli/CustomBlockReport.h"
 #include "cli/DemoDrawingBuilder.h"
@@ -71,6 +72,17 @@ int DemoCommand::run() {
     const CustomBlockReport after = CustomBlockReport::of(reloaded.get(), file);
     const QJsonArray references = after.toJson()["references"].toArray();
 
+    // What each edited reference was asked for and what it came out at, by handle.
+    std::map<QString, std::string> edits;
+    for (const DemoDrawingBuilder::Placement& placement : builder.placements()) {
+      std::string text;
+      for (std::size_t i = 0; i < placement.edits.size(); ++i) {
+        const auto& [name, asked] = placement.edits[i];
+        text += "  set " + name + "=" + asked;
+        if (placement.results[i] != asked) text += " -> " + placement.results[i];
+      }
+      edits[QString::fromStdString(placement.reference.getHandle().ascii().str())] = text;
+    }
     out << std::left << std::setw(10) << "block" << std::setw(8) << "handle" << std::setw(14)
         << "at"
         << "values\n";
@@ -80,7 +92,8 @@ int DemoCommand::run() {
           << reference["handle"].toString().toStdString() << std::setw(14)
           << (QString::number(at[0].toDouble()) + "," + QString::number(at[1].toDouble()))
                  .toStdString()
-          << valuesOf(reference["values"].toObject()) << "\n";
+          << valuesOf(reference["values"].toObject()) << edits[reference["handle"].toString()]
+          << "\n";
     }
     out << "wrote " << file << " (" << references.size() << " references of "
         << builder.blocks().size() << " customizable blocks), " << m_folder << "/demo.png and "

@@ -5,6 +5,7 @@
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockLookupParameter.h"
 #include "parameters/grips/CJbCustBlockLinearGrip.h"
+#include "parameters/grips/CJbCustBlockLookupGrip.h"
 
 namespace {
 constexpr double kWidth = 600;
@@ -34,8 +35,8 @@ void WindowDemoBlock::author(CustomBlockAuthor& author) const {
   CustomBlockAuthor::setFrame(raise.get(), 0, OdGePoint3d(-100, kHeight - 100, 0),
                               OdGePoint3d(kWidth + 100, kHeight + 100, 0));
 
-  // Rows are picked by name; the table has no point of its own to show a grip at.
-  auto size = author.addParameter<CJbCustBlockLookupParameter>("Size", {});
+  auto size = author.addParameter<CJbCustBlockLookupParameter, CJbCustBlockLookupGrip>(
+      "Size", {OdGePoint3d(kWidth / 2, -150, 0)}, {0});
   size->AddParameterId(width->GetElementId(), 0);
   size->AddParameterId(height->GetElementId(), 0);
   const double sizes[][2] = {{600, 900}, {900, 1200}};

@@ -1,19 +1,15 @@
 #include "module/CJbCustBlockGraphLookup.h"
 
-#include "core/CJbDbCustBlockGraph.h"
 #include "platform/db/OdDbBlockTable.h"
 #include "platform/db/OdDbDatabase.h"
+#include "storage/CJbDbCustBlockStorage.h"
 
 OdDbObjectId CJbCustBlockGraphLookup::FindGraph(const OdDbObjectId& blockId) {
-  OdDbDatabase* database = blockId.database();
-  if (!database) return OdDbObjectId();
-  for (const OdDbObjectId& id : database->objectIds()) {
-    OdDbObjectPtr object;
-    if (id.isErased() || id.openObject(object) != eOk) continue;
-    const CJbDbCustBlockGraphPtr graph = CJbDbCustBlockGraph::cast(object.get());
-    if (!graph.isNull() && graph->GetBlockDefinitionId() == blockId) return id;
-  }
-  return OdDbObjectId();
+  const CJbDbCustBlockStoragePtr storage =
+      CJbDbCustBlockStorage::GetStorage(blockId.database(), OdDb::kForRead, false);
+  OdDbObjectId graphId;
+  if (storage.isNull() || !storage->GetMasterBlockGraphId(blockId, graphId)) return OdDbObjectId();
+  return graphId;
 }
 
 OdDbObjectId CJbCustBlockGraphLookup::FindBlock(OdDbDatabase* database, const OdString& blockName) {

@@ -9,7 +9,8 @@ class OdDbDatabase;
 
 class CJbCustBlockGraphLookup {
  public:
-  // The graph bound to the block; null when the block is not customizable.
+  // The graph of the block, or of its master for an instance block; null when the block is not
+  // customizable.
   static OdDbObjectId FindGraph(const OdDbObjectId& blockId);
   // The block table record of that name; null when the drawing has none.
   static OdDbObjectId FindBlock(OdDbDatabase* database, const OdString& blockName);

@@ -39,10 +39,14 @@
 #include "parameters/grips/CJbCustBlockRotationGrip.h"
 #include "parameters/grips/CJbCustBlockVisibilityGrip.h"
 #include "parameters/grips/CJbCustBlockXYGrip.h"
+#include "platform/db/OdDbBlockReference.h"
 #include "platform/host/CJbDraggingPreview.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClass.h"
 #include "platform/rx/OdRxClassRegistration.h"
+#include "storage/CJbBlockInstanceGripPoints.h"
+#include "storage/CJbCustBlockDeepCloneReactor.h"
+#include "storage/CJbDbCustBlockStorage.h"
 
 namespace {
 // Parents before children: the bases, the parameter kinds, the actions, the grips, then the
@@ -83,7 +87,10 @@ const OdRxClassRegistration kClassOrder[] = {
     odrxClassRegistration<CJbCustBlockLookupGrip>(),
     odrxClassRegistration<CJbCustBlockAlignmentGrip>(),
     odrxClassRegistration<CJbDbCustBlockGraph>(),
+    odrxClassRegistration<CJbDbCustBlockStorage>(),
     odrxClassRegistration<CJbCustBlockGraphReactor>(),
+    odrxClassRegistration<CJbCustBlockDeepCloneReactor>(),
+    odrxClassRegistration<CJbBlockInstanceGripPoints>(),
 };
 }  // namespace
 
@@ -109,8 +116,10 @@ void CJbCustomizableBlocksModuleImpl::InitApp() {
   try {
     AddDraggingPreviewFactory();
     RegisterClasses();
+    AttachDeepCloneReactor();
     AttachUtilities();
     AttachProperties();
+    AttachGripPoints();
     RegisterCommands();
   } catch (...) {
     UninitApp();
@@ -135,6 +144,11 @@ void CJbCustomizableBlocksModuleImpl::AddDraggingPreviewFactory() {
 void CJbCustomizableBlocksModuleImpl::RegisterClasses() {
   for (const OdRxClassRegistration& entry : kClassOrder)
     Step(entry.init, entry.uninit);
+}
+
+void CJbCustomizableBlocksModuleImpl::AttachDeepCloneReactor() {
+  CJbCustBlockDeepCloneReactor* reactor = &m_deepCloneReactor;
+  Step([reactor] { reactor->Attach(); }, [reactor] { reactor->Detach(); });
 }
 
 void CJbCustomizableBlocksModuleImpl::AttachExtension(OdRxClass* cls, OdRxClass* protocol,
@@ -173,6 +187,12 @@ void CJbCustomizableBlocksModuleImpl::AttachUtilities() {
 void CJbCustomizableBlocksModuleImpl::AttachProperties() {
   for (const auto& properties : m_properties)
     AttachExtension(properties->GetKindClass(), CJbPropertyBase::desc(), properties.get());
+}
+
+void CJbCustomizableBlocksModuleImpl::AttachGripPoints() {
+  OdRxClass* references = OdDbBlockReference::desc();
+  AttachExtension(references, OdDbGripPointsPE::desc(), &m_blockInstanceGripPoints);
+  AttachExtension(references, CJbGripPointsPE::desc(), &m_blockRefGripPoints);
 }
 
 void CJbCustomizableBlocksModuleImpl::RegisterCommands() {

@@ -23,6 +23,7 @@
 #include "module/commands/CJbQtCommandBCycleOrder.h"
 #include "module/commands/CJbQtCommandBLookupTable.h"
 #include "module/commands/CJbQtCommandBVState.h"
+#include "module/gripPoints/CJbBlockRefGripPointsPEProxy.h"
 #include "module/properties/CJbPropertyPEImpl.h"
 #include "module/utilities/CJbCustBlockAlignmentGripUtilsPE.h"
 #include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
@@ -54,6 +55,8 @@
 #include "module/utilities/CJbCustBlockXYParameterUtilsPE.h"
 #include "module/utilities/CJbDbCustBlockGraphUtilsPE.h"
 #include "platform/rx/OdRxObject.h"
+#include "storage/CJbBlockInstanceGripPoints.h"
+#include "storage/CJbCustBlockDeepCloneReactor.h"
 
 class CJbCustomizableBlocksModuleImpl {
  public:
@@ -69,13 +72,16 @@ class CJbCustomizableBlocksModuleImpl {
   void Step(const std::function<void()>& apply, std::function<void()> undo);
   void AddDraggingPreviewFactory();
   void RegisterClasses();
+  void AttachDeepCloneReactor();
   void AttachUtilities();
   void AttachProperties();
+  void AttachGripPoints();
   void RegisterCommands();
   // Lends `extension` to `cls` under `protocol`, giving back what it replaced on undo.
   void AttachExtension(OdRxClass* cls, OdRxClass* protocol, OdRxObject* extension);
 
   OdStaticRxObject<CJbCustBlockDraggingPreviewFactory> m_draggingPreviewFactory;
+  OdStaticRxObject<CJbCustBlockDeepCloneReactor> m_deepCloneReactor;
   // Utilities of the proxy, the parameters, the actions, the grips and the graph, in that order.
   OdStaticRxObject<CJbCustBlockProxyElementUtilsPE> m_proxyElementUtilsPE;
   OdStaticRxObject<CJbCustBlockPointParameterUtilsPE> m_pointParameterUtilsPE;
@@ -108,6 +114,9 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbDbCustBlockGraphUtilsPE> m_dbCustBlockGraphUtilsPE;
   // One properties-palette extension per property-bearing class, in registration order.
   std::vector<std::unique_ptr<OdStaticRxObject<CJbPropertyPEImpl>>> m_properties;
+  // Grip points of block references: the host's protocol and the platform's.
+  OdStaticRxObject<CJbBlockInstanceGripPoints> m_blockInstanceGripPoints;
+  OdStaticRxObject<CJbBlockRefGripPointsPEProxy> m_blockRefGripPoints;
   // Block-editor commands, in registration order.
   OdStaticRxObject<CJbCommandBParameter> m_commandBParameter;
   OdStaticRxObject<CJbCommandBParameterSet> m_commandBParameterSet;

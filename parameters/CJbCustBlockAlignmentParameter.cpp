@@ -89,8 +89,10 @@ bool CJbCustBlockAlignmentParameter::FindTangent(const OdDbObjectId& space,
 }
 
 bool CJbCustBlockAlignmentParameter::Align(const OdDbObjectId& referenceId) const {
-  OdSmartPtr<OdDbBlockReference> reference =
-      OdDbBlockReference::cast(referenceId.safeOpenObject().get());
+  // The edit that evaluates the reference may hold it open for write already.
+  OdDbObjectPtr object = referenceId.openObjectShared(OdDb::kForRead);
+  if (object.isNull()) object = referenceId.safeOpenObject(OdDb::kForRead);
+  OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(object.get());
   if (reference.isNull()) return false;
   const OdGeMatrix3d toWorld = reference->blockTransform();
   const CJbCustBlockAlignmentParameterImpl& impl = *AlignmentImpl();

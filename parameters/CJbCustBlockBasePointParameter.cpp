@@ -15,6 +15,12 @@ ODRX_CONS_DEFINE_MEMBERS_NAMED(CJbCustBlockBasePointParameter, "JbCustBlockBaseP
                                CJbCustBlockParameter)
 
 namespace {
+// The edit that evaluates a reference may hold it open for write; its steps share that opening.
+OdDbObjectPtr openShared(const OdDbObjectId& id, OdDb::OpenMode mode) {
+  OdDbObjectPtr object = id.openObjectShared(mode);
+  return object.isNull() ? id.safeOpenObject(mode) : object;
+}
+
 // Moves the block's entities by `translate` and, when asked, the references the other way, so
 // that the drawing looks the same with the new base point. `blockId` names the reference being
 // evaluated or a block definition.
@@ -23,7 +29,7 @@ void relocate(const OdGeVector3d& translate, const CJbDbCustBlockGraphEvaluation
   OdDbObjectId recordId;
   OdDbObjectIdArray references;
   {
-    const OdDbObjectPtr object = blockId.safeOpenObject();
+    const OdDbObjectPtr object = openShared(blockId, OdDb::kForRead);
     if (OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(object.get())) {
       references.append(blockId);
       recordId = reference->blockTableRecord();
@@ -47,7 +53,7 @@ void relocate(const OdGeVector3d& translate, const CJbDbCustBlockGraphEvaluation
   if (!context.ModifyBlockReferences()) return;
   for (const OdDbObjectId& id : references) {
     OdSmartPtr<OdDbBlockReference> reference =
-        OdDbBlockReference::cast(id.safeOpenObject(OdDb::kForWrite).get());
+        OdDbBlockReference::cast(openShared(id, OdDb::kForWrite).get());
     const OdGeVector3d back = reference->blockTransform() * translate;
     reference->setPosition(reference->position() - back);
   }

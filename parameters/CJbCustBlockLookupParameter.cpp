@@ -324,6 +324,57 @@ bool CJbCustBlockLookupParameter::SetValue(unsigned index, const OdResBufPtr& va
   return true;
 }
 
+OdResBufPtr CJbCustBlockLookupParameter::GetDefinitionValue(unsigned index) {
+  if (index != 0) return CJbCustBlockParameter::GetDefinitionValue(index);
+  return OdResBuf::newRb(OdResBuf::kRtInt32, MatchRow(true));
+}
+
+bool CJbCustBlockLookupParameter::SetDefinitionValue(unsigned index, const OdResBufPtr& value) {
+  if (index != 0) return CJbCustBlockParameter::SetDefinitionValue(index, value);
+  if (value.isNull() || value->restype() != OdResBuf::kRtInt32) return false;
+  const int state = value->getInt32();
+  if (state < 0 || static_cast<unsigned>(state) >= GetStateCount()) return false;
+  if (MatchRow(true) == state) return true;
+  const CJbCustBlockLookupParameterImpl& impl = *LookupImpl();
+  const auto& cells = impl.m_states[static_cast<unsigned>(state)].cells;
+  std::vector<CJbCustBlockParameterPtr> parameters;
+  for (unsigned c = 0; c < impl.m_columns.size(); ++c) {
+    parameters.push_back(ColumnParameter(c));
+    if (parameters.back().isNull() || cells[c].isNull()) return false;
+  }
+  // What each column had, to put back when a later column fails.
+  std::vector<OdResBufPtr> previous;
+  auto restore = [&]() {
+    for (unsigned c = static_cast<unsigned>(previous.size()); c-- > 0;)
+      parameters[c]->SetDefinitionValue(impl.m_columns[c].valueIndex, previous[c]);
+  };
+  // A value set may snap a cell to another value, and two columns of one parameter may move each
+  // other: the row counts as written only when every column holds its cell afterwards.
+  auto holdsRow = [&]() {
+    for (unsigned c = 0; c < parameters.size(); ++c) {
+      const OdResBufPtr now = parameters[c]->GetDefinitionValue(impl.m_columns[c].valueIndex);
+      if (!IsEqualValue(now.get(), cells[c].get())) return false;
+    }
+    return true;
+  };
+  bool written = true;
+  try {
+    for (unsigned c = 0; c < parameters.size() && written; ++c) {
+      const unsigned valueIndex = impl.m_columns[c].valueIndex;
+      OdResBufPtr old = parameters[c]->GetDefinitionValue(valueIndex);
+      if (old.isNull()) break;
+      previous.push_back(old);
+      written = parameters[c]->SetDefinitionValue(valueIndex, cells[c]);
+    }
+    written = written && previous.size() == parameters.size() && holdsRow();
+  } catch (...) {
+    restore();
+    throw;
+  }
+  if (!written) restore();
+  return written;
+}
+
 void CJbCustBlockLookupParameter::SetUpdatedState(int state) {
   AssertReadEnabled();
   LookupImpl()->m_requestedState = state;
@@ -510,6 +561,10 @@ void CJbCustBlockLookupParameter::SetReadOnly(bool readOnly) {
 }
 
 int CJbCustBlockLookupParameter::GetCurrentState() const {
+  return MatchRow(false);
+}
+
+int CJbCustBlockLookupParameter::MatchRow(bool definition) const {
   AssertReadEnabled();
   const CJbCustBlockLookupParameterImpl& impl = *LookupImpl();
   if (impl.m_matching) return -1;
@@ -523,8 +578,12 @@ int CJbCustBlockLookupParameter::GetCurrentState() const {
   inputs.reserve(impl.m_columns.size());
   for (unsigned c = 0; c < impl.m_columns.size(); ++c) {
     const CJbCustBlockParameterPtr parameter = ColumnParameter(c);
-    inputs.push_back(parameter.isNull() ? OdResBufPtr()
-                                        : parameter->GetValue(impl.m_columns[c].valueIndex));
+    const unsigned valueIndex = impl.m_columns[c].valueIndex;
+    if (parameter.isNull())
+      inputs.emplace_back();
+    else
+      inputs.push_back(definition ? parameter->GetDefinitionValue(valueIndex)
+                                  : parameter->GetValue(valueIndex));
   }
   for (unsigned s = 0; s < impl.m_states.size(); ++s) {
     const auto& cells = impl.m_states[s].cells;

@@ -50,6 +50,13 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   // Index 0 takes a row index (32-bit integer) and requests that row. Refused for a row out of
   // range, another kind of value, and while the table is read-only.
   bool SetValue(unsigned index, const OdResBufPtr& value) override;
+  // Index 0: the first row matching the definition values of the columns' parameters; -1 when
+  // none.
+  OdResBufPtr GetDefinitionValue(unsigned index) override;
+  // Index 0 takes a row index (32-bit integer) and writes the row's cells into the definition
+  // values of the columns' parameters, all or none: refused for a row out of range, a row with an
+  // empty cell or a column without parameter, and when a parameter does not take its cell.
+  bool SetDefinitionValue(unsigned index, const OdResBufPtr& value) override;
   // The requested row while one is pending, else the matched row; -1 when none.
   int GetUpdatedState() const override;
 
@@ -105,6 +112,9 @@ class CJbCustBlockLookupParameter : public CJbCustBlockParameter,
   // The parameter a column names, or null when the graph holds none under that id.
   CJbCustBlockParameterPtr ColumnParameter(unsigned column) const;
   void SetUpdatedState(int state);
+  // The first row whose cells equal the columns' current values, or their definition values;
+  // -1 when none.
+  int MatchRow(bool definition) const;
   // Takes the state the grip of point 0 requests and ends the request.
   void TakeGripRequest();
 };

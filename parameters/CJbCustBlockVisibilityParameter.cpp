@@ -103,7 +103,8 @@ void CJbCustBlockVisibilityParameter::SetElementsVisible(const OdArray<int>& ids
 bool CJbCustBlockVisibilityParameter::Evaluate(CJbDbCustBlockGraphEvaluationContext* context) {
   if (!CJbCustBlockParameter::Evaluate(context)) return false;
   CJbCustBlockVisibilityParameterImpl& impl = *VisibilityImpl();
-  if (context && context->IsAfterBlockRedefine()) impl.RefreshCurrentEntities();
+  if (context && context->IsAfterBlockRedefine())
+    impl.RefreshCurrentEntities(context->GetCurrentBlockId());
   if (!NeedEvaluate()) return true;
   const bool entities = !context || !context->IgnoreBlockEntities();
   if (impl.HasState(impl.m_currentState)) {

@@ -21,8 +21,9 @@ class CJbCustBlockVisibilityParameterImpl : public CJbCustBlockParameterImpl {
 
   CJbCustBlockVisibilityParameterImpl();
 
-  // The current hidden entities of every state, taken again from the defined ones.
-  void RefreshCurrentEntities();
+  // The current hidden entities of every state, taken again from the defined ones as they stand
+  // in `blockId` (a block record or a reference to one).
+  void RefreshCurrentEntities(const OdDbObjectId& blockId);
   bool HasState(unsigned index) const { return index < m_states.size(); }
   // The index of the state other than `except` whose name matches `name` ignoring case, or -1.
   int FindName(const OdString& name, int except) const;

@@ -54,6 +54,7 @@
 #include "platform/dxf/DxfFileInfo.h"
 #include "platform/host/CJbCustBlockElementUtilsPE.h"
 #include "platform/host/CJbDraggingPreviewFactory.h"
+#include "platform/host/CJbGripPointsPE.h"
 #include "platform/host/CJbPropertyBase.h"
 #include "platform/host/OdEdCommand.h"
 #include "platform/resbuf/OdResBuf.h"
@@ -79,6 +80,7 @@ const ClassRegistration kPlatformClasses[] = {
     {&CJbDraggingPreviewFactory::rxInit, &CJbDraggingPreviewFactory::rxUninit},
     {&CJbCustBlockElementUtilsPE::rxInit, &CJbCustBlockElementUtilsPE::rxUninit},
     {&CJbPropertyBase::rxInit, &CJbPropertyBase::rxUninit},
+    {&CJbGripPointsPE::rxInit, &CJbGripPointsPE::rxUninit},
     {&OdDbDwgFiler::rxInit, &OdDbDwgFiler::rxUninit},
     {&OdDbMemoryDwgFiler::rxInit, &OdDbMemoryDwgFiler::rxUninit},
     {&OdDbDxfFiler::rxInit, &OdDbDxfFiler::rxUninit},

@@ -74,11 +74,11 @@ bool CJbCustBlockEditorHelper::Commit() {
   const CJbDbCustBlockGraphPtr graph = m_graph;
   m_graph.release();
   m_prepared = false;
-  {
-    OdDbBlockReferencePtr reference = openReference(m_referenceId, OdDb::kForWrite);
-    if (reference.isNull()) return false;
-    reference->assertWriteEnabled();
-  }
+  // Held for write through the evaluation, so that the elements that move or turn the reference
+  // share this opening whether or not the caller already holds it.
+  OdDbBlockReferencePtr reference = openReference(m_referenceId, OdDb::kForWrite);
+  if (reference.isNull()) return false;
+  reference->assertWriteEnabled();
   CJbDbCustBlockAttributeSnapshot* taken = nullptr;
   CJbDbCustBlockGraph::BeginUpdateAttributes(m_referenceId, taken);
   const std::unique_ptr<CJbDbCustBlockAttributeSnapshot> snapshot(taken);

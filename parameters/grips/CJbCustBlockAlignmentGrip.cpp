@@ -31,7 +31,7 @@ bool CJbCustBlockAlignmentGrip::IsFixed() const {
 
 bool CJbCustBlockAlignmentGrip::NeedEvaluate() const {
   AssertReadEnabled();
-  return StateImpl()->m_stateRequested;
+  return StateImpl()->IsRequested();
 }
 
 int CJbCustBlockAlignmentGrip::GetState() const {
@@ -41,11 +41,10 @@ int CJbCustBlockAlignmentGrip::GetState() const {
 
 void CJbCustBlockAlignmentGrip::SetState(int state) {
   AssertReadEnabled();
-  StateImpl()->m_stateRequested = true;
-  StateImpl()->m_requestedState = state;
+  StateImpl()->Request(state);
 }
 
 void CJbCustBlockAlignmentGrip::ResetState() {
   AssertReadEnabled();
-  StateImpl()->m_stateRequested = false;
+  StateImpl()->ClearRequest();
 }

@@ -26,7 +26,7 @@ CJbCustBlockGrip::GripType CJbCustBlockLookupGrip::GetType() const {
 
 bool CJbCustBlockLookupGrip::NeedEvaluate() const {
   AssertReadEnabled();
-  return StateImpl()->m_stateRequested;
+  return StateImpl()->IsRequested();
 }
 
 int CJbCustBlockLookupGrip::GetState() const {
@@ -36,11 +36,10 @@ int CJbCustBlockLookupGrip::GetState() const {
 
 void CJbCustBlockLookupGrip::SetState(int state) {
   AssertReadEnabled();
-  StateImpl()->m_stateRequested = true;
-  StateImpl()->m_requestedState = state;
+  StateImpl()->Request(state);
 }
 
 void CJbCustBlockLookupGrip::ResetState() {
   AssertReadEnabled();
-  StateImpl()->m_stateRequested = false;
+  StateImpl()->ClearRequest();
 }

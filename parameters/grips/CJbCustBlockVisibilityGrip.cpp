@@ -40,11 +40,10 @@ unsigned CJbCustBlockVisibilityGrip::GetState() const {
 
 void CJbCustBlockVisibilityGrip::SetState(unsigned state) {
   AssertReadEnabled();
-  StateImpl()->m_stateRequested = true;
-  StateImpl()->m_requestedState = static_cast<int>(state);
+  StateImpl()->Request(static_cast<int>(state));
 }
 
 void CJbCustBlockVisibilityGrip::ResetState() {
   AssertReadEnabled();
-  StateImpl()->m_stateRequested = false;
+  StateImpl()->ClearRequest();
 }

@@ -305,6 +305,9 @@ OdDbObjectPtr OdDbCloner::clone(const OdDbObject* source, OdDbIdMapping& mapping
     for (const OdDbObjectId& id : filer.collectedIds(type)) {
       const OdDbObject* child = id.stub()->object();
       if (!child || child->ownerId() != sourceId || id.isErased()) continue;
+      // The filer collected each id when writing and again when reading: a child met before is
+      // cloned already, and opening it again would only find that out.
+      if (!mapped(mapping, id).isNull()) continue;
       OdDbObjectPtr readableChild = readable(id);
       if (wblock)
         readableChild->wblockClone(mapping, copy.get(), false);

@@ -87,11 +87,12 @@ void OdDbMemoryDwgFiler::fail(OdResult code, const std::string& message) {
   throw OdError(code, "memory filer: " + message);
 }
 
-void OdDbMemoryDwgFiler::put(Tag tag, const void* data, std::size_t size) {
+// put and get serve every value: inlined into each, their copies have fixed sizes.
+inline void OdDbMemoryDwgFiler::put(Tag tag, const void* data, std::size_t size) {
   // Writing in the middle overwrites from there on, as a file would.
   if (m_collectOnly) return;
   const auto at = static_cast<std::size_t>(m_position);
-  reserveFor(at + 1 + size);
+  if (at + 1 + size > m_bytes.size()) reserveFor(at + 1 + size);
   m_bytes[at] = static_cast<unsigned char>(tag);
   if (size) std::memcpy(m_bytes.data() + at + 1, data, size);
   m_length = at + 1 + size;
@@ -104,8 +105,15 @@ void OdDbMemoryDwgFiler::reserveFor(std::size_t length) {
     m_bytes.resize(std::max<std::size_t>({length, 2 * m_bytes.size(), 256}));
 }
 
-void OdDbMemoryDwgFiler::get(Tag tag, void* data, std::size_t size) {
+inline void OdDbMemoryDwgFiler::get(Tag tag, void* data, std::size_t size) {
   const auto wanted = static_cast<unsigned char>(tag);
+  if (m_position + 1 + size > m_length || m_bytes[static_cast<std::size_t>(m_position)] != wanted)
+    failRead(wanted);
+  std::memcpy(data, m_bytes.data() + m_position + 1, size);
+  m_position += 1 + size;
+}
+
+void OdDbMemoryDwgFiler::failRead(unsigned char wanted) {
   if (m_position >= m_length)
     fail(eEndOfFile, std::string("reading a ") + tagName(wanted) + " at the end of the stream (" +
                          std::to_string(m_length) + " bytes)");
@@ -114,11 +122,8 @@ void OdDbMemoryDwgFiler::get(Tag tag, void* data, std::size_t size) {
     fail(eDwgObjectImproperlyRead, std::string("reading a ") + tagName(wanted) + " at byte " +
                                        std::to_string(m_position) + " where a " + tagName(found) +
                                        " was written");
-  if (m_position + 1 + size > m_length)
-    fail(eEndOfFile, std::string("a ") + tagName(wanted) + " at byte " +
-                         std::to_string(m_position) + " is cut off by the end of the stream");
-  std::memcpy(data, m_bytes.data() + m_position + 1, size);
-  m_position += 1 + size;
+  fail(eEndOfFile, std::string("a ") + tagName(wanted) + " at byte " + std::to_string(m_position) +
+                       " is cut off by the end of the stream");
 }
 
 bool OdDbMemoryDwgFiler::rdBool() {

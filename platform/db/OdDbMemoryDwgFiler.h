@@ -78,6 +78,8 @@ class OdDbMemoryDwgFiler : public OdDbDwgFiler {
   enum class Tag : std::uint8_t;
   void put(Tag tag, const void* data, std::size_t size);
   void get(Tag tag, void* data, std::size_t size);
+  // Says why a get cannot be served: the end of the stream, another kind, or a value cut off.
+  [[noreturn]] void failRead(unsigned char wanted);
   void appendRaw(const void* data, std::size_t size);
   void reserveFor(std::size_t length);
   [[noreturn]] void fail(OdResult code, const std::string& message);

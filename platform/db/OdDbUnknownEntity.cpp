@@ -1,9 +1,6 @@
-// Unknown entitys keep their items as read and file them back unchanged.
+// Unknown entities keep their items as read and file them back unchanged.
 #include "platform/db/OdDbUnknownEntity.h"
 
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
-#include "platform/db/OdDbResBufFiler.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_CONS_DEFINE_MEMBERS(OdDbUnknownEntity, OdDbEntity)
@@ -12,42 +9,38 @@ OdDbUnknownEntity::OdDbUnknownEntity() = default;
 
 const OdString& OdDbUnknownEntity::dxfRecordName() const {
   assertReadEnabled();
-  return m_recordName;
+  return m_record.name();
 }
 
 void OdDbUnknownEntity::setDxfRecordName(const OdString& name) {
   assertWriteEnabled();
-  m_recordName = name;
+  m_record.setName(name);
 }
 
 OdResBufPtr OdDbUnknownEntity::items() const {
   assertReadEnabled();
-  return m_items.isNull() ? OdResBufPtr() : m_items->copyChain();
+  return m_record.items();
 }
 
 OdResult OdDbUnknownEntity::dwgInFields(OdDbDwgFiler* filer) {
   const OdResult result = OdDbEntity::dwgInFields(filer);
   if (result != eOk) return result;
-  m_recordName = filer->rdString();
-  m_items = OdDbResBufFiler::readChain(filer);
+  m_record.dwgIn(filer);
   return eOk;
 }
 
 void OdDbUnknownEntity::dwgOutFields(OdDbDwgFiler* filer) const {
   OdDbEntity::dwgOutFields(filer);
-  filer->wrString(m_recordName);
-  OdDbResBufFiler::writeChain(filer, m_items.get());
+  m_record.dwgOut(filer);
 }
 
 OdResult OdDbUnknownEntity::dxfInFields(OdDbDxfFiler* filer) {
   const OdResult result = OdDbEntity::dxfInFields(filer);
   if (result != eOk) return result;
-  m_items = filer->rdItemsToEndOfObject();
-  return filer->filerStatus();
+  return m_record.dxfIn(filer);
 }
 
 void OdDbUnknownEntity::dxfOutFields(OdDbDxfFiler* filer) const {
   OdDbEntity::dxfOutFields(filer);
-  for (const OdResBuf* item = m_items.get(); item; item = item->next().get())
-    filer->writeRb(item);
+  m_record.dxfOut(filer);
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/db/OdDbEntity.h"
+#include "platform/db/UnknownRecord.h"
 
 class OdDbUnknownEntity : public OdDbEntity {
   ODRX_DECLARE_MEMBERS(OdDbUnknownEntity);
@@ -23,7 +24,6 @@ class OdDbUnknownEntity : public OdDbEntity {
   void dxfOutFields(OdDbDxfFiler* filer) const override;
 
  private:
-  OdString m_recordName;
-  OdResBufPtr m_items;
+  UnknownRecord m_record;
 };
 using OdDbUnknownEntityPtr = OdSmartPtr<OdDbUnknownEntity>;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/db/OdDbObject.h"
+#include "platform/db/UnknownRecord.h"
 
 class OdDbUnknownObject : public OdDbObject {
   ODRX_DECLARE_MEMBERS(OdDbUnknownObject);
@@ -22,7 +23,6 @@ class OdDbUnknownObject : public OdDbObject {
   void dxfOutFields(OdDbDxfFiler* filer) const override;
 
  private:
-  OdString m_recordName;
-  OdResBufPtr m_items;
+  UnknownRecord m_record;
 };
 using OdDbUnknownObjectPtr = OdSmartPtr<OdDbUnknownObject>;

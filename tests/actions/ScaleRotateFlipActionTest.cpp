@@ -128,13 +128,16 @@ TEST_F(TransformingActionTest, FlipMirrorsArcsBulgesAndReadableTextAndTogglesBac
   EXPECT_TRUE(polyline->getPoint2dAt(1).isEqualTo(OdGePoint2d(-5, -1)));
   EXPECT_DOUBLE_EQ(polyline->getBulgeAt(0), -0.5);
   auto text = open<OdDbText>(ids[3]);
-  EXPECT_TRUE(SamePoint(text->position(), OdGePoint3d(-3, 2, 0)));
+  // Read forwards, the label ends where its start was mirrored to.
+  EXPECT_EQ(text->horizontalMode(), OdDb::kTextRight);
+  EXPECT_TRUE(SamePoint(text->alignmentPoint(), OdGePoint3d(-3, 2, 0)));
   EXPECT_NEAR(text->rotation(), 0.0, 1e-12);
   EXPECT_FALSE(text->isMirroredInX());
   EXPECT_TRUE(text->normal().isEqualTo(OdGeVector3d::kZAxis));
   auto mtext = open<OdDbMText>(ids[4]);
   EXPECT_TRUE(SamePoint(mtext->location(), OdGePoint3d(-2, 6, 0)));
   EXPECT_TRUE(mtext->direction().isEqualTo(OdGeVector3d::kXAxis));
+  EXPECT_EQ(mtext->attachment(), OdDbMText::kTopRight);
   mtext.release();
   arc.release();
   polyline.release();

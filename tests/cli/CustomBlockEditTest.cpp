@@ -13,15 +13,12 @@
 #include <set>
 
 #include "JbcbProcess.h"
-#include "actions/CJbCustBlockActionClasses.h"
 #include "cli/CustomBlockAuthor.h"
 #include "cli/DoorDemoBlock.h"
 #include "cli/DrawingFile.h"
-#include "core/CJbCustBlockCoreClasses.h"
-#include "parameters/CJbCustBlockParameterClasses.h"
+#include "cli/ModuleLoading.h"
 #include "platform/db/OdDbBlockReference.h"
 #include "platform/db/OdDbBlockTableRecord.h"
-#include "storage/CJbCustBlockStorageClasses.h"
 
 class CustomBlockEdit : public ::testing::Test {
  protected:
@@ -115,6 +112,9 @@ TEST_F(CustomBlockEdit, RefusedNamesAndValuesSayWhatIsAllowedAndWriteNothing) {
       {{"--ref", door, "Width=wide"}, "a length from 600 to 1200 in steps of 100"},
       {{"--ref", door, "Width=5000"}, "from 600 to 1200"},
       {{"--ref", door, "Width=-700"}, "a length"},
+      {{"--ref", door, "Hinge=sideways"}, "flipped or not-flipped"},
+      {{"--ref", door, "Look=Ajar"}, "one of the states Open, Closed"},
+      {{"--ref", door, "LeafAngle=wide"}, "an angle in degrees"},
       {{"--ref", "FFFFF", "Width=700"}, "no object with handle FFFFF"},
       {{"--ref", "zz", "Width=700"}, "not a handle"},
       {{"--block", "Door", "Width=700"}, "--all"},
@@ -142,10 +142,7 @@ class CustomBlockBatch : public ::testing::Test {
 
   static void SetUpTestSuite() {
     folder = new QTemporaryDir;
-    CJbCustBlockCoreClasses::RxInit();
-    CJbCustBlockParameterClasses::RxInit();
-    CJbCustBlockActionClasses::RxInit();
-    CJbCustBlockStorageClasses::RxInit();
+    ASSERT_TRUE(loadCustomizableBlocksModule(JBCB_BIN_DIR));
     const OdDbDatabasePtr database = OdDbDatabase::createObject();
     CustomBlockAuthor author(database.get(), "Door");
     DoorDemoBlock().author(author);
@@ -162,13 +159,7 @@ class CustomBlockBatch : public ::testing::Test {
     }
     DrawingFile::write(database.get(), folder->filePath("doors.dxf").toStdString(), {});
   }
-  static void TearDownTestSuite() {
-    CJbCustBlockStorageClasses::RxUninit();
-    CJbCustBlockActionClasses::RxUninit();
-    CJbCustBlockParameterClasses::RxUninit();
-    CJbCustBlockCoreClasses::RxUninit();
-    delete folder;
-  }
+  static void TearDownTestSuite() { delete folder; }
 
   static QTemporaryDir* folder;
 };

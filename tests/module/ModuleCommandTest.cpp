@@ -4,10 +4,12 @@
 
 #include "ModuleTestSupport.h"
 #include "platform/db/DbTestSupport.h"
+#include "platform/db/OdDbGripPointsPE.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/dxf/DxfFile.h"
 #include "platform/host/CJbCustBlockElementUtilsPE.h"
 #include "platform/host/CJbDraggingPreview.h"
+#include "platform/host/CJbGripPointsPE.h"
 #include "platform/host/CJbPropertyBase.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/host/OdEdUserIO.h"
@@ -59,9 +61,7 @@ class EditorCommands : public ::testing::Test {
 
   // Names of the block's elements in graph order.
   std::vector<std::string> elementNames() {
-    OdDbDictionaryPtr dictionary =
-        OdDbDictionary::cast(db->getNamedObjectsDictionaryId().safeOpenObject().get());
-    const OdDbObjectPtr graph = dictionary->getAt(kGraphKey, OdDb::kForRead);
+    const OdDbObjectPtr graph = graphOf(db.get());
     std::vector<std::string> names;
     const auto utilities = CJbCustBlockElementUtilsPE::cast(
         graph->isA()->getX(CJbCustBlockElementUtilsPE::desc()).get());
@@ -82,6 +82,13 @@ class EditorCommands : public ::testing::Test {
   }
   OdDbObjectId doorId() {
     return OdDbBlockTable::cast(db->getBlockTableId().safeOpenObject().get())->getAt("DOOR");
+  }
+  OdDbObjectId insertDoor(const OdGePoint3d& at) {
+    OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
+    reference->setBlockTableRecord(doorId());
+    reference->setPosition(at);
+    return OdDbBlockTableRecord::cast(db->getModelSpaceId().safeOpenObject(OdDb::kForWrite).get())
+        ->appendOdDbEntity(reference.get());
   }
   bool isVisible(const OdDbObjectId& id) {
     return OdDbEntity::cast(id.safeOpenObject().get())->visibility() == OdDb::kVisible;
@@ -128,14 +135,7 @@ TEST_F(EditorCommands, AddRenameListAndRemoveElementsAndActivities) {
 TEST_F(EditorCommands, SelectionsCyclingOrderAndHiddenEntities) {
   const OdDbObjectId lineId = addLine();
   const OdDbObjectId hiddenId = addLine(true);
-  OdDbObjectId referenceId;
-  {
-    OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
-    reference->setBlockTableRecord(doorId());
-    referenceId =
-        OdDbBlockTableRecord::cast(db->getModelSpaceId().safeOpenObject(OdDb::kForWrite).get())
-            ->appendOdDbEntity(reference.get());
-  }
+  const OdDbObjectId referenceId = insertDoor(OdGePoint3d());
   const std::string line = lineId.getHandle().ascii().str();
   const std::string hidden = hiddenId.getHandle().ascii().str();
   EXPECT_EQ(run("CBNEWACTIVITYSELECTION", {"DOOR", "Move1", line.c_str()}),
@@ -212,4 +212,39 @@ TEST_F(EditorCommands, TheValueTableTakesColumnsRowsAndTypedCells) {
   EXPECT_OD_ERROR(run("CBVALUETABLE", {"DOOR", "Lookup1", "3,1=1"}), eInvalidInput);
   EXPECT_OD_ERROR(run("CBVALUETABLE", {"DOOR", "Lookup1", "+Linear1"}), eInvalidInput);
   EXPECT_OD_ERROR(run("CBVALUETABLE", {"DOOR", "Lookup1", "+Door[0]"}), eKeyNotFound);
+}
+
+TEST_F(EditorCommands, GripsOfAReferenceEditThatReferenceAlone) {
+  EXPECT_EQ(run("CBELEMENTSET", {"DOOR", "POINT", "MOVE"}),
+            std::vector<std::string>({"Added Point2 with Move2."}));
+  const OdDbObjectId first = insertDoor(OdGePoint3d(10, 0, 0));
+  const OdDbObjectId second = insertDoor(OdGePoint3d(20, 0, 0));
+  const auto gripsOf = [](const OdDbObjectId& reference) {
+    const OdDbEntityPtr entity = OdDbEntity::cast(reference.safeOpenObject().get());
+    return CJbGripPointsPE::cast(entity->isA()->getX(CJbGripPointsPE::desc()).get())
+        ->GetGrips(entity.get());
+  };
+  const OdArray<CJbGripPointsPE::Grip> before = gripsOf(first);
+  ASSERT_EQ(before.length(), 1u);  // only the new point's grip has an action following it
+  EXPECT_EQ(before[0].kind, CJbGripPointsPE::kPoint);
+  EXPECT_EQ(before[0].position, OdGePoint3d(10, 0, 0));
+  {
+    const OdDbEntityPtr entity = OdDbEntity::cast(first.safeOpenObject().get());
+    OdGePoint3dArray points;
+    ASSERT_EQ(entity->getGripPoints(points), eOk);
+    EXPECT_EQ(points, OdGePoint3dArray({OdGePoint3d(10, 0, 0), OdGePoint3d(10, 0, 0)}));
+  }
+
+  const auto instanceGrips =
+      CJbGripPointsPE::cast(OdDbBlockReference::desc()->getX(CJbGripPointsPE::desc()).get());
+  ASSERT_TRUE(instanceGrips->MoveGrip(first, 0, OdGeVector3d(3, 0, 0)));
+  EXPECT_EQ(gripsOf(first)[0].position, OdGePoint3d(13, 0, 0));
+  EXPECT_EQ(gripsOf(second)[0].position, OdGePoint3d(20, 0, 0));
+  auto blockOf = [](const OdDbObjectId& reference) {
+    return OdDbBlockReference::cast(reference.safeOpenObject().get())->blockTableRecord();
+  };
+  EXPECT_NE(blockOf(first), doorId());
+  EXPECT_EQ(blockOf(second), doorId());
+  EXPECT_FALSE(instanceGrips->MoveGrip(first, 1, OdGeVector3d(3, 0, 0)));
+  EXPECT_FALSE(instanceGrips->ClickGrip(first, 0, 1));  // a point grip is dragged, not clicked
 }

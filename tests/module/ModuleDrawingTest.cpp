@@ -8,12 +8,6 @@
 #include "platform/rx/OdRxClassDictionary.h"
 
 namespace {
-OdDbObjectPtr graphOf(OdDbDatabase* database, OdDb::OpenMode mode = OdDb::kForRead) {
-  OdDbDictionaryPtr dictionary =
-      OdDbDictionary::cast(database->getNamedObjectsDictionaryId().safeOpenObject().get());
-  return dictionary->getAt(kGraphKey, mode);
-}
-
 CJbCustBlockElementUtilsPEPtr utilitiesOf(const OdRxObject* object) {
   return CJbCustBlockElementUtilsPE::cast(
       object->isA()->getX(CJbCustBlockElementUtilsPE::desc()).get());
@@ -92,6 +86,34 @@ TEST(ModuleDrawings, PropertiesReadAndChangeElementsThroughTheirOwnRules) {
     EXPECT_FALSE(properties->SetPropertyValue(first.get(), "Visible", fresh.get()));
     EXPECT_FALSE(properties->SetPropertyValue(first.get(), "Colour", fresh.get()));
     EXPECT_FALSE(properties->SetPropertyValue(second.get(), "Name", nullptr));
+  }
+  unloadModule();
+}
+
+TEST(ModuleDrawings, ACopyToAnotherDrawingTakesTheGraphAlongWhileLoaded) {
+  const std::string& text = drawingWithEveryElementKind();
+  auto graphsIn = [](OdDbDatabase* database) {
+    int graphs = 0;
+    for (const OdDbObjectId& id : database->objectIds()) {
+      OdDbObjectPtr object;
+      if (id.openObject(object) == eOk && object->isA()->name() == "JbDbCustBlockGraph") ++graphs;
+    }
+    return graphs;
+  };
+  loadModule();
+  {
+    OdDbDatabasePtr db = DxfFile::readFromMemory(text);
+    OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
+    reference->setBlockTableRecord(
+        OdDbBlockTable::cast(db->getBlockTableId().safeOpenObject().get())->getAt("DOOR"));
+    const OdDbObjectId referenceId =
+        OdDbBlockTableRecord::cast(db->getModelSpaceId().safeOpenObject(OdDb::kForWrite).get())
+            ->appendOdDbEntity(reference.get());
+    reference.release();
+    OdDbDatabasePtr target = OdDbDatabase::createObject();
+    OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+    db->wblockCloneObjects({referenceId}, target->getModelSpaceId(), *mapping, OdDb::kDrcIgnore);
+    EXPECT_EQ(graphsIn(target.get()), 1);
   }
   unloadModule();
 }

@@ -7,15 +7,17 @@
 
 #include "ModuleTestSupport.h"
 #include "platform/db/DbTestSupport.h"
+#include "platform/db/OdDbGripPointsPE.h"
 #include "platform/host/CJbCustBlockElementUtilsPE.h"
 #include "platform/host/CJbDraggingPreview.h"
+#include "platform/host/CJbGripPointsPE.h"
 #include "platform/host/CJbPropertyBase.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClassDictionary.h"
 
 namespace {
 // Everything the module registers, in registration order: the bases, the element kinds in the
-// order the drawing holds them, then the graph and its reactor.
+// order the drawing holds them, then the graph, the storage and the reactors.
 std::vector<std::string> moduleClasses() {
   std::vector<std::string> classes = {
       "JbCustBlockElement",   "JbCustBlockProxyElement",    "JbCustBlockSettingsElement",
@@ -23,7 +25,9 @@ std::vector<std::string> moduleClasses() {
       "JbCustBlockGrip",
   };
   classes.insert(classes.end(), elementKindsOfDrawing().begin(), elementKindsOfDrawing().end());
-  classes.insert(classes.end(), {"JbDbCustBlockGraph", "JbCustBlockGraphReactor"});
+  classes.insert(classes.end(),
+                 {"JbDbCustBlockGraph", "JbDbCustBlockStorage", "JbCustBlockGraphReactor",
+                  "JbCustBlockDeepCloneReactor", "JbBlockInstanceGripPoints"});
   return classes;
 }
 
@@ -144,6 +148,8 @@ TEST_F(ModuleRegistration, UninitAppLeavesNothingBehindEvenWhenLoadedTwice) {
   for (const OdRxClass* cls : OdRxClassDictionary::instance().classes()) {
     EXPECT_TRUE(cls->getX(CJbCustBlockElementUtilsPE::desc()).isNull()) << cls->name().str();
     EXPECT_TRUE(cls->getX(CJbPropertyBase::desc()).isNull()) << cls->name().str();
+    EXPECT_TRUE(cls->getX(CJbGripPointsPE::desc()).isNull()) << cls->name().str();
+    EXPECT_TRUE(cls->getX(OdDbGripPointsPE::desc()).isNull()) << cls->name().str();
   }
 }
 

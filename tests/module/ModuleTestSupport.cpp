@@ -8,6 +8,8 @@
 #include "platform/dxf/DxfFile.h"
 #include "platform/rx/OdRxClassDictionary.h"
 #include "platform/rx/OdRxDynamicLinker.h"
+#include "storage/CJbCustBlockStorageClasses.h"
+#include "storage/CJbDbCustBlockStorage.h"
 
 OdString modulePath() {
   return OdString(std::string(JBCB_BIN_DIR) + "/libJbCustomizableBlocks.so");
@@ -55,11 +57,17 @@ const std::vector<std::string>& elementKindsOfDrawing() {
 }
 
 namespace {
-std::string makeDrawing() {
+struct Drawing {
+  std::string text;
+  OdDbHandle graph;
+};
+
+Drawing makeDrawing() {
   CJbCustBlockCoreClasses::RxInit();
   CJbCustBlockParameterClasses::RxInit();
   CJbCustBlockActionClasses::RxInit();
-  std::string text;
+  CJbCustBlockStorageClasses::RxInit();
+  Drawing drawing;
   {
     OdDbDatabasePtr db = OdDbDatabase::createObject();
     OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::createObject();
@@ -68,25 +76,36 @@ std::string makeDrawing() {
         OdDbBlockTable::cast(db->getBlockTableId().safeOpenObject(OdDb::kForWrite).get())
             ->add(block.get());
     block.release();
-    CJbDbCustBlockGraphPtr graph = CJbDbCustBlockGraph::createObject();
-    OdDbDictionary::cast(db->getNamedObjectsDictionaryId().safeOpenObject(OdDb::kForWrite).get())
-        ->setAt(kGraphKey, graph.get());
-    graph->SetBlockDefinitionId(blockId);
+    OdDbObjectId graphId;
+    CJbDbCustBlockStorage::GetStorage(db.get(), OdDb::kForWrite, true)
+        ->AppendMasterBlock(blockId, graphId);
+    drawing.graph = graphId.getHandle();
+    CJbDbCustBlockGraphPtr graph =
+        CJbDbCustBlockGraph::cast(graphId.safeOpenObject(OdDb::kForWrite).get());
     for (const std::string& kind : elementKindsOfDrawing()) {
       OdRxObjectPtr made = OdRxClassDictionary::instance().getAt(OdString(kind))->create();
       graph->AppendNode(CJbCustBlockElementPtr(static_cast<CJbCustBlockElement*>(made.get())));
     }
     graph.release();
-    text = DxfFile::writeToMemory(db.get());
+    drawing.text = DxfFile::writeToMemory(db.get());
   }
+  CJbCustBlockStorageClasses::RxUninit();
   CJbCustBlockActionClasses::RxUninit();
   CJbCustBlockParameterClasses::RxUninit();
   CJbCustBlockCoreClasses::RxUninit();
-  return text;
+  return drawing;
+}
+
+const Drawing& drawing() {
+  static const Drawing made = makeDrawing();
+  return made;
 }
 }  // namespace
 
 const std::string& drawingWithEveryElementKind() {
-  static const std::string text = makeDrawing();
-  return text;
+  return drawing().text;
+}
+
+OdDbObjectPtr graphOf(OdDbDatabase* database, OdDb::OpenMode mode) {
+  return database->getOdDbObjectId(drawing().graph).safeOpenObject(mode);
 }

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/db/OdDbObject.h"
 #include "platform/rx/OdRxModule.h"
 
 OdString modulePath();
@@ -16,6 +17,7 @@ void unloadModule();
 
 // Registered class names of every element kind the drawing holds, in graph order.
 const std::vector<std::string>& elementKindsOfDrawing();
-// The drawing as DXF text; its graph sits in the named-objects dictionary under kGraphKey.
+// The drawing as DXF text: a block DOOR made customizable through the drawing's storage.
 const std::string& drawingWithEveryElementKind();
-constexpr const char* kGraphKey = "JB_MODULE_TEST_GRAPH";
+// The graph of DOOR in a database read from that text.
+OdDbObjectPtr graphOf(OdDbDatabase* database, OdDb::OpenMode mode = OdDb::kForRead);

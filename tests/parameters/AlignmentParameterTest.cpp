@@ -72,6 +72,14 @@ TEST_F(AlignmentParameterTest, TurnsAlongOrAcrossALineByTheSmallerTurn) {
   // The base point stays on the line.
   OdSmartPtr<OdDbBlockReference> turned = OdDbBlockReference::cast(along.safeOpenObject().get());
   EXPECT_TRUE(SamePoint(turned->blockTransform() * OdGePoint3d(1, 0, 0), OdGePoint3d(2, 2, 0)));
+
+  // The edit that evaluates a reference may hold it open for write.
+  const OdDbObjectId held = referenceAt(OdGePoint3d(3, 3, 0));
+  OdDbBlockReferencePtr open = OdDbBlockReference::cast(held.safeOpenObject(OdDb::kForWrite).get());
+  grip->SetState(1);
+  CJbDbCustBlockGraphEvaluationContext context(kModify, held);
+  alignment->EndEvaluate(&context);
+  EXPECT_NEAR(open->rotation(), 0.25 * OdGeAngle::kPi, 1e-9);
 }
 
 TEST_F(AlignmentParameterTest, FollowsCirclesAndLeavesAReferenceOffGeometryAsItIs) {

@@ -227,3 +227,32 @@ TEST_F(LookupParameterTest, AuditDropsColumnsWithoutParameterAndEmptiesStrayCell
   copy->Audit(&again);
   EXPECT_EQ(again.numErrors(), 0);
 }
+
+TEST_F(LookupParameterTest, TheDefinitionsRowFollowsTheColumnsDefinitionValues) {
+  // What a reference shows does not count.
+  setLength(width.get(), 900);
+  setLength(height.get(), 1200);
+  EXPECT_EQ(value(), 1);
+  EXPECT_EQ(lookup->GetDefinitionValue(0)->getInt32(), 0);
+
+  EXPECT_TRUE(lookup->SetDefinitionValue(0, row(1)));
+  EXPECT_DOUBLE_EQ(real(width->GetDefinitionValue(0)), 900);
+  EXPECT_DOUBLE_EQ(real(height->GetDefinitionValue(0)), 1200);
+  EXPECT_EQ(lookup->GetDefinitionValue(0)->getInt32(), 1);
+  ASSERT_TRUE(width->SetDefinitionValue(0, realValue(700)));
+  EXPECT_EQ(lookup->GetDefinitionValue(0)->getInt32(), -1);
+
+  // Rows out of range, other kinds and rows with an empty cell change nothing.
+  EXPECT_FALSE(lookup->SetDefinitionValue(0, row(3)));
+  EXPECT_FALSE(lookup->SetDefinitionValue(0, realValue(0)));
+  lookup->SetParameterValue(1, 2, OdResBufPtr());
+  EXPECT_FALSE(lookup->SetDefinitionValue(0, row(2)));
+  EXPECT_DOUBLE_EQ(real(width->GetDefinitionValue(0)), 700);
+
+  // A column failing part-way puts back the columns written before it.
+  height->failValue = true;
+  EXPECT_THROW(lookup->SetDefinitionValue(0, row(0)), std::runtime_error);
+  height->failValue = false;
+  EXPECT_DOUBLE_EQ(real(width->GetDefinitionValue(0)), 700);
+  EXPECT_DOUBLE_EQ(real(height->GetDefinitionValue(0)), 1200);
+}

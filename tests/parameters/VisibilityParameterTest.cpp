@@ -54,11 +54,11 @@ class VisibilityTest : public DbTest {
     return open<OdDbEntity>(id)->visibility() == OdDb::kVisible;
   }
 
-  // Switches to `state` and evaluates in `mode`.
-  bool switchTo(int state, int mode = 0) {
+  // Switches to `state` and evaluates in `mode` for the block or reference `in`.
+  bool switchTo(int state, int mode = 0, const OdDbObjectId& in = OdDbObjectId::kNull) {
     if (!visibility->SetValue(0, OdResBuf::newRb(OdResBuf::kRtInt32, state))) return false;
     CJbDbCustBlockGraphEvaluationContextPtr context(
-        new CJbDbCustBlockGraphEvaluationContext(mode, OdDbObjectId::kNull));
+        new CJbDbCustBlockGraphEvaluationContext(mode, in));
     const bool evaluated = visibility->Evaluate(context.get());
     return visibility->EndEvaluate(context.get()) && evaluated;
   }
@@ -257,4 +257,38 @@ TEST_F(VisibilityTest, AuditDropsErasedEntitiesAndLostElements) {
   EXPECT_EQ(visibility->GetCurrentHiddenEntities(1), OdArray<OdDbObjectId>{leafOpen});
   EXPECT_TRUE(visibility->GetHiddenElementIds(1).isEmpty());
   EXPECT_EQ(visibility->GetBlockEditorState(), 0u);
+}
+
+TEST_F(VisibilityTest, AfterARedefinitionStatesHideTheInstanceBlocksOwnEntities) {
+  const OdDbObjectId definition = block;
+  // The instance block: a copy of the definition, entity for entity.
+  block = addBlock("Door instance");
+  const OdDbObjectId copyLeafOpen = addLine(0);
+  const OdDbObjectId copyLeafClosed = addLine(1);
+  const OdDbObjectId copySwing = addLine(2);
+  addLine(3);
+  const OdDbObjectId reference = addReference(db->getModelSpaceId(), block);
+  const int redefine = CJbDbCustBlockGraphEvaluationContext::kAfterBlockRedefine;
+
+  ASSERT_TRUE(switchTo(1, redefine, block));
+  EXPECT_EQ(visibility->GetCurrentHiddenEntities(1),
+            (OdArray<OdDbObjectId>{copyLeafOpen, copySwing}));
+  EXPECT_EQ(visibility->GetDefinedHiddenEntities(1), (OdArray<OdDbObjectId>{leafOpen, swing}));
+  EXPECT_FALSE(shown(copyLeafOpen));
+  EXPECT_FALSE(shown(copySwing));
+  EXPECT_TRUE(shown(leafOpen));
+  EXPECT_TRUE(shown(swing));
+
+  // Through a reference to the instance, with the reference held open for write.
+  {
+    OdDbBlockReferencePtr held = open<OdDbBlockReference>(reference, OdDb::kForWrite);
+    ASSERT_TRUE(switchTo(2, redefine, reference));
+  }
+  EXPECT_FALSE(shown(copyLeafClosed));
+  EXPECT_FALSE(shown(copyLeafOpen));
+  EXPECT_TRUE(shown(leafClosed));
+
+  // In the definition itself the defined entities are the current ones.
+  ASSERT_TRUE(switchTo(1, redefine, definition));
+  EXPECT_EQ(visibility->GetCurrentHiddenEntities(1), (OdArray<OdDbObjectId>{leafOpen, swing}));
 }

@@ -8,6 +8,7 @@
 #include "actions/CJbCustBlockArrayAction.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockVisibilityParameter.h"
+#include "platform/db/OdDbIdMapping.h"
 #include "platform/db/entities/OdDbArc.h"
 #include "platform/db/entities/OdDbCircle.h"
 #include "platform/db/entities/OdDbLine.h"
@@ -111,7 +112,7 @@ class ArrayAndVisibilityEditingTest : public StorageTest {
 
   // Writes the drawing to a DXF file and carries on with the drawing read from it.
   void saveAndReload() {
-    const fs::path path = fs::temp_directory_path() / "jbcb_array_visibility.dxf";
+    const fs::path path = UniqueTempPath(".dxf");
     DxfFile::write(db.get(), path.string());
     OdDbDatabasePtr read = DxfFile::read(path.string());
     fs::remove(path);
@@ -170,5 +171,14 @@ TEST_F(ArrayAndVisibilityEditingTest, ClosingOneDoorHidesItsSwingAlone) {
   // Opened again after the file: the states still name the entities of its own block.
   setState(doors[0], 0);
   EXPECT_EQ(shown(blockOf(doors[0])), (std::vector<bool>{true, false}));
+  EXPECT_EQ(shown(door), (std::vector<bool>{true, false}));
+}
+
+TEST_F(ArrayAndVisibilityEditingTest, ARedefinedDoorKeepsItsStateInItsOwnBlock) {
+  setState(doors[0], 1);
+  OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+  ASSERT_TRUE(CJbDbCustBlockStorage::CopyMasterBlock(door, door, *mapping, false));
+  ASSERT_NE(blockOf(doors[0]), door);
+  EXPECT_EQ(shown(blockOf(doors[0])), (std::vector<bool>{false, true}));
   EXPECT_EQ(shown(door), (std::vector<bool>{true, false}));
 }

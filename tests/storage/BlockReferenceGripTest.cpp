@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "StorageTestSupport.h"
+#include "parameters/CJbCustBlockBasePointParameter.h"
 #include "platform/db/OdDbGripPointsPE.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/rx/OdRxClass.h"
@@ -71,4 +72,29 @@ TEST_F(BlockReferenceGripTest, OtherEntitiesAndPlainBlocksKeepTheirOwnGrips) {
   EXPECT_EQ(grips(reference).length(), 1u);
   OdDbBlockReference::desc()->addX(OdDbGripPointsPE::desc(), &extension);
   EXPECT_EQ(grips(reference).length(), 2u);
+}
+
+TEST_F(BlockReferenceGripTest, DragRelocatesABlockWithABasePointWhileTheReferenceIsHeldOpen) {
+  // The base point sits off the origin, so every evaluation moves the reference too.
+  OdDbObjectId graphId;
+  ASSERT_TRUE(storage()->GetMasterBlockGraphId(door, graphId));
+  {
+    CJbDbCustBlockGraphPtr graph = open<CJbDbCustBlockGraph>(graphId, OdDb::kForWrite);
+    OdSmartPtr<CJbCustBlockBasePointParameter> basePoint(new CJbCustBlockBasePointParameter);
+    graph->AppendNode(basePoint);
+    basePoint->SetDefinedPosition(0, OdGePoint3d(2, 0, 0));
+    basePoint->SetRelocationEnabled(true);
+    basePoint->Reset(nullptr);
+    graph->GetNode(widthParameter)->AddConnection(basePoint->GetElementId(), false, true);
+  }
+  EXPECT_EQ(
+      open<OdDbEntity>(reference, OdDb::kForWrite)->moveGripPointsAt({1}, OdGeVector3d(0, 7, 0)),
+      eOk);
+  std::vector<OdGePoint2d> frame = DoorFrame(15);
+  for (OdGePoint2d& corner : frame)
+    corner.x -= 2;
+  EXPECT_TRUE(SameFrame(frameOf(blockOf(reference)), frame));
+  // The turned reference moved back, so the door's hinge stays where it was.
+  EXPECT_TRUE(open<OdDbBlockReference>(reference)->position().isEqualTo(OdGePoint3d(100, 52, 0)));
+  EXPECT_EQ(blockOf(other), door);
 }

@@ -68,7 +68,7 @@ class DrawingRoundTripTest : public StorageTest {
 TEST_F(DrawingRoundTripTest, DxfFilesKeepEveryReferenceAndEditingGoesOn) {
   const std::vector<double> before = widths();
   EXPECT_EQ(before, (std::vector<double>{15, 15, 20, 20, 10, 10}));
-  const fs::path path = fs::temp_directory_path() / "jbcb_storage_round_trip.dxf";
+  const fs::path path = UniqueTempPath(".dxf");
   DxfFile::write(db.get(), path.string());
   switchTo(DxfFile::read(path.string()));
   EXPECT_EQ(widths(), before);

@@ -1,7 +1,10 @@
 // Shared set-up of the storage tests.
 #include "StorageTestSupport.h"
 
+#include <unistd.h>
+
 #include <cmath>
+#include <filesystem>
 
 #include "actions/CJbCustBlockActionClasses.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
@@ -164,4 +167,11 @@ double StorageTest::savedWidth(const OdDbObjectId& block) {
 
 std::vector<OdGePoint2d> DoorFrame(double width) {
   return {OdGePoint2d(0, 0), OdGePoint2d(width, 0), OdGePoint2d(width, 1), OdGePoint2d(0, 1)};
+}
+
+std::string UniqueTempPath(const std::string& extension) {
+  const ::testing::TestInfo* test = ::testing::UnitTest::GetInstance()->current_test_info();
+  const std::string name = std::string(test->test_suite_name()) + "." + test->name() + "." +
+                           std::to_string(::getpid()) + extension;
+  return (std::filesystem::temp_directory_path() / name).string();
 }

@@ -4,6 +4,7 @@
 // reference through the editor helper.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "core/CJbDbCustBlockGraph.h"
@@ -39,6 +40,9 @@ class StorageTest : public DbTest {
   int widthParameter = 0;
   int rightGrip = 0;
 };
+
+// A file path in the temporary folder that no other test, or test process, writes at once.
+std::string UniqueTempPath(const std::string& extension);
 
 ::testing::AssertionResult SameFrame(const std::vector<OdGePoint2d>& actual,
                                      const std::vector<OdGePoint2d>& expected);

@@ -25,26 +25,6 @@ constexpr int kCubicCurve = 6;
 
 OdDb2dPolyline::OdDb2dPolyline() = default;
 
-void OdDb2dPolyline::appendVertex(const OdDb2dVertexPtr& vertex) {
-  assertWriteEnabled();
-  m_vertices.append(vertex, this);
-}
-
-unsigned int OdDb2dPolyline::numVerts() const {
-  assertReadEnabled();
-  return m_vertices.length();
-}
-
-OdDb2dVertexPtr OdDb2dPolyline::vertexAt(unsigned int index) const {
-  assertReadEnabled();
-  return m_vertices.at(index, this);
-}
-
-OdDbSequenceEndPtr OdDb2dPolyline::sequenceEnd() const {
-  assertReadEnabled();
-  return m_vertices.sequenceEnd();
-}
-
 OdGePoint3d OdDb2dPolyline::vertexPosition(unsigned int index) const {
   const OdGePoint3d ocs = vertexAt(index)->position();
   return EntityFiling::toWcs(m_normal, OdGePoint3d(ocs.x, ocs.y, m_elevation));
@@ -58,16 +38,6 @@ OdDb2dPolyline::PolyType OdDb2dPolyline::polyType() const {
 void OdDb2dPolyline::setPolyType(PolyType type) {
   assertWriteEnabled();
   m_type = type;
-}
-
-bool OdDb2dPolyline::isClosed() const {
-  assertReadEnabled();
-  return m_closed;
-}
-
-void OdDb2dPolyline::setClosed(bool closed) {
-  assertWriteEnabled();
-  m_closed = closed;
 }
 
 double OdDb2dPolyline::defaultStartWidth() const {

@@ -5,9 +5,9 @@
 #pragma once
 
 #include "platform/db/entities/ExtrudedEntity.h"
-#include "platform/db/entities/VertexList.h"
+#include "platform/db/entities/VertexOwningPolyline.h"
 
-class OdDb2dPolyline : public ExtrudedEntity {
+class OdDb2dPolyline : public VertexOwningPolyline<ExtrudedEntity, OdDb2dVertex> {
   ODRX_DECLARE_MEMBERS(OdDb2dPolyline);
 
  public:
@@ -20,19 +20,11 @@ class OdDb2dPolyline : public ExtrudedEntity {
 
   OdDb2dPolyline();
 
-  // Takes the vertex into the polyline; a null vertex raises eNullPtr.
-  void appendVertex(const OdDb2dVertexPtr& vertex);
-  unsigned int numVerts() const;
-  // An index past the end raises eInvalidIndex.
-  OdDb2dVertexPtr vertexAt(unsigned int index) const;
-  OdDbSequenceEndPtr sequenceEnd() const;
   // The vertex in world coordinates.
   OdGePoint3d vertexPosition(unsigned int index) const;
 
   PolyType polyType() const;
   void setPolyType(PolyType type);
-  bool isClosed() const;
-  void setClosed(bool closed);
   double defaultStartWidth() const;
   void setDefaultStartWidth(double width);
   double defaultEndWidth() const;
@@ -58,9 +50,7 @@ class OdDb2dPolyline : public ExtrudedEntity {
   bool hasBulges() const;
   void path(std::vector<OdGePoint2d>& points, std::vector<double>& bulges) const;
 
-  VertexList<OdDb2dVertex> m_vertices;
   PolyType m_type = kSimplePoly;
-  bool m_closed = false;
   bool m_plinegen = false;
   double m_defaultStartWidth = 0.0;
   double m_defaultEndWidth = 0.0;

@@ -17,26 +17,6 @@ constexpr int kCubicCurve = 6;
 
 OdDb3dPolyline::OdDb3dPolyline() = default;
 
-void OdDb3dPolyline::appendVertex(const OdDb3dPolylineVertexPtr& vertex) {
-  assertWriteEnabled();
-  m_vertices.append(vertex, this);
-}
-
-unsigned int OdDb3dPolyline::numVerts() const {
-  assertReadEnabled();
-  return m_vertices.length();
-}
-
-OdDb3dPolylineVertexPtr OdDb3dPolyline::vertexAt(unsigned int index) const {
-  assertReadEnabled();
-  return m_vertices.at(index, this);
-}
-
-OdDbSequenceEndPtr OdDb3dPolyline::sequenceEnd() const {
-  assertReadEnabled();
-  return m_vertices.sequenceEnd();
-}
-
 OdDb3dPolyline::PolyType OdDb3dPolyline::polyType() const {
   assertReadEnabled();
   return m_type;
@@ -45,16 +25,6 @@ OdDb3dPolyline::PolyType OdDb3dPolyline::polyType() const {
 void OdDb3dPolyline::setPolyType(PolyType type) {
   assertWriteEnabled();
   m_type = type;
-}
-
-bool OdDb3dPolyline::isClosed() const {
-  assertReadEnabled();
-  return m_closed;
-}
-
-void OdDb3dPolyline::setClosed(bool closed) {
-  assertWriteEnabled();
-  m_closed = closed;
 }
 
 OdResult OdDb3dPolyline::transformBy(const OdGeMatrix3d& matrix) {

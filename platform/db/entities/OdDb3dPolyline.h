@@ -5,9 +5,9 @@
 #pragma once
 
 #include "platform/db/OdDbEntity.h"
-#include "platform/db/entities/VertexList.h"
+#include "platform/db/entities/VertexOwningPolyline.h"
 
-class OdDb3dPolyline : public OdDbEntity {
+class OdDb3dPolyline : public VertexOwningPolyline<OdDbEntity, OdDb3dPolylineVertex> {
   ODRX_DECLARE_MEMBERS(OdDb3dPolyline);
 
  public:
@@ -19,16 +19,8 @@ class OdDb3dPolyline : public OdDbEntity {
 
   OdDb3dPolyline();
 
-  // Takes the vertex into the polyline; a null vertex raises eNullPtr.
-  void appendVertex(const OdDb3dPolylineVertexPtr& vertex);
-  unsigned int numVerts() const;
-  // An index past the end raises eInvalidIndex.
-  OdDb3dPolylineVertexPtr vertexAt(unsigned int index) const;
-  OdDbSequenceEndPtr sequenceEnd() const;
   PolyType polyType() const;
   void setPolyType(PolyType type);
-  bool isClosed() const;
-  void setClosed(bool closed);
 
   // Any non-singular transformation: the vertices follow it.
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
@@ -43,8 +35,6 @@ class OdDb3dPolyline : public OdDbEntity {
   void dxfOutFields(OdDbDxfFiler* filer) const override;
 
  private:
-  VertexList<OdDb3dPolylineVertex> m_vertices;
   PolyType m_type = kSimplePoly;
-  bool m_closed = false;
 };
 using OdDb3dPolylinePtr = OdSmartPtr<OdDb3dPolyline>;

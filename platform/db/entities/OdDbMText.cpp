@@ -12,7 +12,6 @@
 ODRX_DXF_DEFINE_MEMBERS(OdDbMText, OdDbEntity, "MTEXT", "", 0)
 
 namespace {
-constexpr double kCharacterAdvance = 0.8;
 constexpr double kLinePitch = 5.0 / 3.0;
 // Drawing files split contents into chunks of this many bytes.
 constexpr int kChunkLength = 250;
@@ -124,16 +123,6 @@ void OdDbMText::setContents(const OdString& contents) {
   m_contents = contents;
 }
 
-OdString OdDbMText::styleName() const {
-  assertReadEnabled();
-  return m_style;
-}
-
-void OdDbMText::setStyleName(const OdString& name) {
-  assertWriteEnabled();
-  m_style = name;
-}
-
 OdResult OdDbMText::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();
   const PlanarTransform plane(matrix, m_normal);
@@ -143,7 +132,16 @@ OdResult OdDbMText::transformBy(const OdGeMatrix3d& matrix) {
   if (plane.isReversed()) {
     const OdGeMatrix3d toPlane = OdGeMatrix3d::worldToPlane(plane.newNormal());
     const OdGeVector3d local = toPlane * direction;
-    if (local.x < -1e-9 || (std::fabs(local.x) <= 1e-9 && local.y < 0.0)) direction.negate();
+    // The outline is the mirror image of the old one about the location when its columns
+    // (reversed reading) or its rows (text turned over) trade ends.
+    const int column = (m_attachment - 1) % 3;
+    const int row = (m_attachment - 1) / 3;
+    if (readsBackwards(local.x, local.y)) {
+      direction.negate();
+      m_attachment = static_cast<AttachmentPoint>(row * 3 + (2 - column) + 1);
+    } else {
+      m_attachment = static_cast<AttachmentPoint>((2 - row) * 3 + column + 1);
+    }
   }
   m_location = matrix * m_location;
   m_direction = direction;
@@ -171,14 +169,6 @@ OdResult OdDbMText::moveStretchPointsAt(const OdIntArray& indices, const OdGeVec
   assertWriteEnabled();
   if (indices.contains(0)) m_location += offset;
   return eOk;
-}
-
-OdResult OdDbMText::subGetGripPoints(OdGePoint3dArray& points) const {
-  return getStretchPoints(points);
-}
-
-OdResult OdDbMText::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
-  return moveStretchPointsAt(indices, offset);
 }
 
 OdResult OdDbMText::getGeomExtents(OdGeExtents3d& extents) const {

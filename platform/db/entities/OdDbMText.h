@@ -2,9 +2,9 @@
 // height, the attachment point (1 top left ... 9 bottom right) and the formatted contents.
 #pragma once
 
-#include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/TextEntity.h"
 
-class OdDbMText : public OdDbEntity {
+class OdDbMText : public TextEntity<OdDbEntity> {
   ODRX_DECLARE_MEMBERS(OdDbMText);
 
  public:
@@ -41,19 +41,16 @@ class OdDbMText : public OdDbEntity {
   void setAttachment(AttachmentPoint attachment);
   OdString contents() const;
   void setContents(const OdString& contents);
-  OdString styleName() const;
-  void setStyleName(const OdString& name);
 
   // Similarities only (eCannotScaleNonUniformly otherwise, also from getTransformedCopy). Under
-  // a mirror the text stays readable: the direction is the mirrored one or its reverse,
-  // whichever reads left to right.
+  // a mirror the text stays readable and fills the mirror image of its outline: the direction is
+  // the mirrored one or its reverse, whichever reads left to right, and the attachment trades
+  // left for right (reversed reading) or top for bottom (text turned over).
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
   // Stretch and grip point: the location (0).
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
-  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
-  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // An estimate without font metrics: the column width (or 0.8 of the height per character of
   // the longest paragraph) by the paragraph count times the standard line pitch of 5/3 height.
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
@@ -71,6 +68,5 @@ class OdDbMText : public OdDbEntity {
   double m_textHeight = 1.0;
   AttachmentPoint m_attachment = kTopLeft;
   OdString m_contents;
-  OdString m_style = "Standard";
 };
 using OdDbMTextPtr = OdSmartPtr<OdDbMText>;

@@ -12,7 +12,6 @@
 ODRX_DXF_DEFINE_MEMBERS(OdDbText, OdDbEntity, "TEXT", "", 0)
 
 namespace {
-constexpr double kCharacterAdvance = 0.8;
 constexpr int kMirroredInX = 2;
 constexpr int kMirroredInY = 4;
 
@@ -23,13 +22,6 @@ int characterCount(const OdString& text) {
     if ((static_cast<unsigned char>(ch) & 0xC0) != 0x80) ++count;
   }
   return count;
-}
-
-// The angle, of a direction and its reverse, that reads left to right (upwards when vertical).
-double readableAngle(double angle) {
-  const double c = std::cos(angle);
-  const bool reverse = c < -1e-9 || (std::fabs(c) <= 1e-9 && std::sin(angle) < 0.0);
-  return OdGeAngle::normalize(reverse ? angle + OdGeAngle::kPi : angle);
 }
 
 bool isBaselineAligned(OdDb::TextHorzMode mode) {
@@ -70,16 +62,6 @@ OdString OdDbText::textString() const {
 void OdDbText::setTextString(const OdString& text) {
   assertWriteEnabled();
   m_text = text;
-}
-
-OdString OdDbText::styleName() const {
-  assertReadEnabled();
-  return m_style;
-}
-
-void OdDbText::setStyleName(const OdString& name) {
-  assertWriteEnabled();
-  m_style = name;
 }
 
 double OdDbText::height() const {
@@ -173,19 +155,15 @@ OdResult OdDbText::transformBy(const OdGeMatrix3d& matrix) {
   const PlanarTransform plane(matrix, m_normal);
   if (!plane.isValid()) return eDegenerateGeometry;
   if (!plane.isSimilarity()) return eCannotScaleNonUniformly;
+  const OdGePoint3d anchor = matrix * anchorPoint();
   m_position = matrix * m_position;
   m_alignment = matrix * m_alignment;
   const double direction = OdGeAngle::normalize(plane.mapAngle(m_rotation));
-  if (plane.isReversed()) {
-    m_rotation = readableAngle(direction);
-    const bool reversedReading = !OdGeAngle::isEqual(m_rotation, direction);
-    if (reversedReading && isBaselineAligned(m_horizontal)) std::swap(m_position, m_alignment);
-  } else {
-    m_rotation = direction;
-  }
+  m_rotation = plane.isReversed() ? readableAngle(direction) : direction;
   m_height *= plane.scale();
   m_thickness *= plane.normalScale();
   m_normal = plane.newNormal();
+  if (plane.isReversed()) fillMirroredOutline(anchor, !OdGeAngle::isEqual(m_rotation, direction));
   return eOk;
 }
 
@@ -199,17 +177,58 @@ OdResult OdDbText::transformAffinely(const OdGeMatrix3d& matrix) {
   OdGeVector3d normal = direction.crossProduct(up);
   if (normal.isZeroLength() || direction.isZeroLength()) return eCannotScaleNonUniformly;
   if (matrix.isSingular()) return eDegenerateGeometry;
-  normal = normal.normal();
+  // A mirror keeps the image of the old normal, so the text is seen from the same side.
+  const bool reversed = normal.dotProduct(matrix * m_normal) < 0.0;
+  normal = (reversed ? -normal : normal).normal();
   OdGeVector3d planar = direction;
   planar.transformBy(OdGeMatrix3d::planeToWorld(normal).inverse());
+  const double angle = OdGeAngle::normalize(std::atan2(planar.y, planar.x));
+  const OdGePoint3d anchor = matrix * anchorPoint();
   assertWriteEnabled();
   m_position = matrix * m_position;
   m_alignment = matrix * m_alignment;
   m_normal = normal;
-  m_rotation = OdGeAngle::normalize(std::atan2(planar.y, planar.x));
+  m_rotation = reversed ? readableAngle(angle) : angle;
   m_height *= up.length();
   m_widthFactor *= direction.length() / up.length();
+  if (reversed) fillMirroredOutline(anchor, !OdGeAngle::isEqual(m_rotation, angle));
   return eOk;
+}
+
+OdGePoint3d OdDbText::anchorPoint() const {
+  return isJustified() && !isBaselineAligned(m_horizontal) ? m_alignment : m_position;
+}
+
+void OdDbText::fillMirroredOutline(const OdGePoint3d& anchor, bool readingReversed) {
+  const Outline outline = currentOutline();
+  // The mirror left the outline on the far side of the baseline or of its start: move it back
+  // by its own width or height.
+  const OdGeVector3d shift =
+      readingReversed ? outline.along * outline.width : outline.up * outline.height;
+  if (isBaselineAligned(m_horizontal)) {
+    if (readingReversed) {
+      std::swap(m_position, m_alignment);
+    } else {
+      m_position -= shift;
+      m_alignment -= shift;
+    }
+    return;
+  }
+  if (readingReversed) {
+    if (m_horizontal == OdDb::kTextLeft) {
+      m_horizontal = OdDb::kTextRight;
+    } else if (m_horizontal == OdDb::kTextRight) {
+      m_horizontal = OdDb::kTextLeft;
+    }
+  } else if (m_horizontal != OdDb::kTextMid) {
+    if (m_vertical == OdDb::kTextTop) {
+      m_vertical = OdDb::kTextBase;
+    } else if (m_vertical != OdDb::kTextVertMid) {
+      m_vertical = OdDb::kTextTop;
+    }
+  }
+  m_alignment = anchor;
+  m_position = isJustified() ? m_position - shift : anchor;
 }
 
 void OdDbText::copyTextFrom(const OdDbText& other) {
@@ -260,49 +279,47 @@ OdResult OdDbText::moveStretchPointsAt(const OdIntArray& indices, const OdGeVect
   return eOk;
 }
 
-OdResult OdDbText::subGetGripPoints(OdGePoint3dArray& points) const {
-  return getStretchPoints(points);
-}
-
-OdResult OdDbText::subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) {
-  return moveStretchPointsAt(indices, offset);
+OdDbText::Outline OdDbText::currentOutline() const {
+  Outline outline;
+  const OdGeMatrix3d toWorld = OdGeMatrix3d::planeToWorld(m_normal);
+  outline.along =
+      toWorld.getCsXAxis() * std::cos(m_rotation) + toWorld.getCsYAxis() * std::sin(m_rotation);
+  outline.width = characterCount(m_text) * m_height * m_widthFactor * kCharacterAdvance;
+  outline.height = m_height;
+  outline.origin = m_position;
+  if (isBaselineAligned(m_horizontal)) {
+    const double span = m_alignment.distanceTo(m_position);
+    if (span > OdGeContext::gTol.equalPoint()) {
+      outline.along = (m_alignment - m_position) / span;
+      if (m_horizontal == OdDb::kTextAlign && outline.width > 0.0)
+        outline.height *= span / outline.width;
+      outline.width = span;
+    }
+  } else if (isJustified()) {
+    outline.origin = m_alignment;
+    if (m_horizontal == OdDb::kTextCenter || m_horizontal == OdDb::kTextMid)
+      outline.dx = -0.5 * outline.width;
+    if (m_horizontal == OdDb::kTextRight) outline.dx = -outline.width;
+    if (m_vertical == OdDb::kTextVertMid || m_horizontal == OdDb::kTextMid)
+      outline.dy = -0.5 * outline.height;
+    if (m_vertical == OdDb::kTextTop) outline.dy = -outline.height;
+  }
+  outline.up = m_normal.crossProduct(outline.along);
+  return outline;
 }
 
 OdResult OdDbText::getGeomExtents(OdGeExtents3d& extents) const {
   assertReadEnabled();
   extents = OdGeExtents3d();
-  const OdGeMatrix3d toWorld = OdGeMatrix3d::planeToWorld(m_normal);
-  const OdGeVector3d xAxis = toWorld.getCsXAxis();
-  const OdGeVector3d yAxis = toWorld.getCsYAxis();
-  OdGeVector3d along = xAxis * std::cos(m_rotation) + yAxis * std::sin(m_rotation);
-  double width = characterCount(m_text) * m_height * m_widthFactor * kCharacterAdvance;
-  double height = m_height;
-  OdGePoint3d origin = m_position;
-  double dx = 0.0;
-  double dy = 0.0;
-  if (isBaselineAligned(m_horizontal)) {
-    const double span = m_alignment.distanceTo(m_position);
-    if (span > OdGeContext::gTol.equalPoint()) {
-      along = (m_alignment - m_position) / span;
-      if (m_horizontal == OdDb::kTextAlign && width > 0.0) height *= span / width;
-      width = span;
-    }
-  } else if (isJustified()) {
-    origin = m_alignment;
-    if (m_horizontal == OdDb::kTextCenter || m_horizontal == OdDb::kTextMid) dx = -0.5 * width;
-    if (m_horizontal == OdDb::kTextRight) dx = -width;
-    if (m_vertical == OdDb::kTextVertMid || m_horizontal == OdDb::kTextMid) dy = -0.5 * height;
-    if (m_vertical == OdDb::kTextTop) dy = -height;
-  }
-  const OdGeVector3d up = m_normal.crossProduct(along);
+  const Outline outline = currentOutline();
   const double slant = std::tan(m_oblique);
   const double sx = m_mirroredX ? -1.0 : 1.0;
   const double sy = m_mirroredY ? -1.0 : 1.0;
   for (double u : {0.0, 1.0}) {
     for (double v : {0.0, 1.0}) {
-      const double x = dx + u * width + v * height * slant;
-      const double y = dy + v * height;
-      extents.addPoint(origin + along * (sx * x) + up * (sy * y));
+      const double x = outline.dx + u * outline.width + v * outline.height * slant;
+      const double y = outline.dy + v * outline.height;
+      extents.addPoint(outline.origin + outline.along * (sx * x) + outline.up * (sy * y));
     }
   }
   if (m_thickness != 0.0) extents.expandBy(m_normal * m_thickness);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/db/entities/ExtrudedEntity.h"
+#include "platform/db/entities/TextEntity.h"
 
 namespace OdDb {
 enum TextHorzMode {
@@ -17,7 +18,7 @@ enum TextHorzMode {
 enum TextVertMode { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
 }  // namespace OdDb
 
-class OdDbText : public ExtrudedEntity {
+class OdDbText : public TextEntity<ExtrudedEntity> {
   ODRX_DECLARE_MEMBERS(OdDbText);
 
  public:
@@ -32,8 +33,6 @@ class OdDbText : public ExtrudedEntity {
   bool isJustified() const;
   OdString textString() const;
   void setTextString(const OdString& text);
-  OdString styleName() const;
-  void setStyleName(const OdString& name);
   double height() const;
   // A height that is not positive raises eInvalidInput.
   void setHeight(double height);
@@ -54,9 +53,10 @@ class OdDbText : public ExtrudedEntity {
   void mirrorInY(bool mirrored);
 
   // Similarities only (eCannotScaleNonUniformly otherwise, also from getTransformedCopy). A
-  // mirror keeps the text readable: both points are mirrored and the rotation is the mirrored
-  // direction or its reverse, whichever reads left to right (aligned and fitted text then swap
-  // their two points so the baseline still runs from the first to the second).
+  // mirror keeps the text readable and in the mirror image of its outline: the rotation is the
+  // mirrored direction or its reverse, whichever reads left to right, and the justification
+  // trades left for right (reversed reading) or top for bottom (text turned over its baseline)
+  // about the mirrored anchor. Aligned and fitted text swap or shift their two points instead.
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   OdResult getTransformedCopy(const OdGeMatrix3d& matrix, OdDbEntityPtr& copy) const override;
   // Stretch points: the insertion point (0) and, for justified text, the alignment point (1).
@@ -64,8 +64,6 @@ class OdDbText : public ExtrudedEntity {
   // alignment point and moves whole whichever point is stretched.
   OdResult getStretchPoints(OdGePoint3dArray& points) const override;
   OdResult moveStretchPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
-  OdResult subGetGripPoints(OdGePoint3dArray& points) const override;
-  OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   // An estimate without font metrics: each character advances 0.8 of the height times the
   // width factor, the box runs from the baseline to one height above it, slanted by the oblique
   // angle and placed by the justification.
@@ -87,17 +85,35 @@ class OdDbText : public ExtrudedEntity {
   // Follows any transformation that keeps the text's plane: the anchor points move, the height
   // follows the scale across the baseline, the width factor the scale along it over that, and
   // the rotation and normal follow the baseline and its upward direction, mirror images
-  // included. eCannotScaleNonUniformly when the plane collapses, eDegenerateGeometry for any
-  // other singular matrix.
+  // included, which read forwards as under transformBy. eCannotScaleNonUniformly when the plane
+  // collapses, eDegenerateGeometry for any other singular matrix.
   OdResult transformAffinely(const OdGeMatrix3d& matrix);
   // The text data of another text, as an attribute takes it from its definition.
   void copyTextFrom(const OdDbText& other);
 
  private:
+  // The estimated glyph box before the mirror flags: from origin + along * dx + up * dy, width
+  // along the baseline and height up from it.
+  struct Outline {
+    OdGePoint3d origin;
+    OdGeVector3d along;
+    OdGeVector3d up;
+    double dx = 0.0;
+    double dy = 0.0;
+    double width = 0.0;
+    double height = 0.0;
+  };
+  Outline currentOutline() const;
+  // The point the justification holds still: the alignment point of justified text, the
+  // insertion point otherwise.
+  OdGePoint3d anchorPoint() const;
+  // After a mirror has mapped the points and made the rotation readable: moves the text into
+  // the mirror image of its old outline about anchor (the image of the old anchor point).
+  void fillMirroredOutline(const OdGePoint3d& anchor, bool readingReversed);
+
   OdGePoint3d m_position;
   OdGePoint3d m_alignment;
   OdString m_text;
-  OdString m_style = "Standard";
   double m_height = 1.0;
   double m_rotation = 0.0;
   double m_widthFactor = 1.0;

@@ -101,7 +101,7 @@ TEST_F(TextPlacementTest, RotationCarriesBothPointsAndTheAngle) {
 TEST_F(TextPlacementTest, MirrorKeepsTextReadable) {
   OdDbTextPtr left = text(OdDb::kTextLeft, 0.0);
   ASSERT_EQ(left->transformBy(mirrorX()), eOk);
-  EXPECT_TRUE(isNear(left->position(), pt(-10, 0)));
+  EXPECT_TRUE(isNear(left->alignmentPoint(), pt(-10, 0)));
   EXPECT_NEAR(left->rotation(), 0.0, 1e-12);
   EXPECT_FALSE(left->isMirroredInX());
   EXPECT_TRUE(isNear(left->normal(), OdGeVector3d::kZAxis));

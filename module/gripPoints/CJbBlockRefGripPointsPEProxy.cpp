@@ -1,0 +1,70 @@
+#include "module/gripPoints/CJbBlockRefGripPointsPEProxy.h"
+
+#include "parameters/grips/CJbCustBlockAlignmentGrip.h"
+#include "parameters/grips/CJbCustBlockFlipGrip.h"
+#include "parameters/grips/CJbCustBlockLookupGrip.h"
+#include "parameters/grips/CJbCustBlockVisibilityGrip.h"
+#include "platform/db/OdDbBlockReference.h"
+#include "storage/CJbCustBlockEditorHelper.h"
+
+namespace {
+// The grips a user sees, in the order the block-instance grip points list them.
+OdArray<CJbCustBlockGripPtr> visibleGrips(const CJbDbCustBlockGraph* graph) {
+  OdArray<CJbCustBlockGripPtr> grips;
+  for (int id : graph->GetAllNodeIds()) {
+    const CJbCustBlockGripPtr grip = CJbCustBlockGrip::cast(graph->GetNode(id).get());
+    if (!grip.isNull() && grip->IsVisible()) grips.append(grip);
+  }
+  return grips;
+}
+
+// Sets the state `state` asks of a clicked grip; false for a grip that is dragged.
+bool click(CJbCustBlockGrip& grip, int state) {
+  if (const auto flip = CJbCustBlockFlipGrip::cast(&grip)) {
+    flip->SetFlipped(!flip->IsFlipped());
+  } else if (const auto lookup = CJbCustBlockLookupGrip::cast(&grip)) {
+    lookup->SetState(state);
+  } else if (const auto alignment = CJbCustBlockAlignmentGrip::cast(&grip)) {
+    alignment->SetState(state);
+  } else if (const auto visibility = CJbCustBlockVisibilityGrip::cast(&grip)) {
+    if (state < 0) return false;
+    visibility->SetState(static_cast<unsigned>(state));
+  } else {
+    return false;
+  }
+  return true;
+}
+}  // namespace
+
+OdArray<CJbGripPointsPE::Grip> CJbBlockRefGripPointsPEProxy::GetGrips(
+    const OdDbEntity* entity) const {
+  OdArray<Grip> result;
+  const OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(entity);
+  if (reference.isNull()) return result;
+  CJbCustBlockEditorHelper helper(reference->objectId());
+  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForRead);
+  if (graph.isNull()) return result;
+  const OdGeMatrix3d toDrawing = reference->blockTransform();
+  for (const CJbCustBlockGripPtr& grip : visibleGrips(graph.get()))
+    result.append(Grip{toDrawing * grip->GetDisplayPosition(), grip->GetType(), grip->GetName()});
+  return result;
+}
+
+bool CJbBlockRefGripPointsPEProxy::MoveGrip(const OdDbObjectId& entity, unsigned index,
+                                            const OdGeVector3d& offset) const {
+  const OdSmartPtr<OdDbBlockReference> reference =
+      OdDbBlockReference::cast(entity.openObject(OdDb::kForWrite).get());
+  if (reference.isNull() || index >= GetGrips(reference.get()).length()) return false;
+  OdGePoint3dArray own;
+  reference->subGetGripPoints(own);
+  return reference->moveGripPointsAt({static_cast<int>(own.length() + index)}, offset) == eOk;
+}
+
+bool CJbBlockRefGripPointsPEProxy::ClickGrip(const OdDbObjectId& entity, unsigned index,
+                                             int state) const {
+  CJbCustBlockEditorHelper helper(entity);
+  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
+  if (graph.isNull()) return false;
+  const OdArray<CJbCustBlockGripPtr> grips = visibleGrips(graph.get());
+  return index < grips.length() && click(*grips[index], state) && helper.Commit();
+}
