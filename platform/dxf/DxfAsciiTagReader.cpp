@@ -70,7 +70,7 @@ int DxfAsciiTagReader::parseCode(std::string_view line) const {
 bool DxfAsciiTagReader::readTag(DxfTag& tag) {
   std::string_view line;
   if (!nextLine(line)) return false;
-  if (line.find_first_not_of(" \t\r") == std::string_view::npos && restIsBlank()) return false;
+  if (std::all_of(line.begin(), line.end(), isBlank) && restIsBlank()) return false;
   m_tagLine = m_line;
   int code = parseCode(line);
   if (!nextLine(line))

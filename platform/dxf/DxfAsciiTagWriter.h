@@ -18,11 +18,14 @@ class DxfAsciiTagWriter : public DxfTagWriter {
   void putChunk(int code, const std::uint8_t* data, std::size_t size) override;
 
  private:
-  void putCode(int code);
-  // Appends a line held in a scratch buffer with room for the line end after length chars: one
-  // append a line rather than one a piece.
-  void putLine(char* line, std::size_t length);
-  void endLine();
+  static constexpr std::size_t kLongestCode = 6;  // "1071\r\n"
+  // Write the code line, or the line end, at out; return the end.
+  char* putCode(char* out, int code) const;
+  char* endLine(char* out) const {
+    if (m_crlf) *out++ = '\r';
+    *out++ = '\n';
+    return out;
+  }
 
   bool m_crlf;
 };

@@ -15,21 +15,19 @@ char* littleEndian(char* out, std::uint64_t value, std::size_t width) {
 }  // namespace
 
 DxfBinaryTagWriter::DxfBinaryTagWriter() {
-  m_data.append(DxfBinaryTagReader::sentinel());
+  put(DxfBinaryTagReader::sentinel());
 }
 
 void DxfBinaryTagWriter::putNumber(int code, std::uint64_t value, std::size_t width) {
-  char bytes[10];
-  char* end = littleEndian(littleEndian(bytes, static_cast<std::uint64_t>(code), 2), value, width);
-  m_data.append(bytes, static_cast<std::size_t>(end - bytes));
+  put(littleEndian(littleEndian(room(10), static_cast<std::uint64_t>(code), 2), value, width));
 }
 
 void DxfBinaryTagWriter::putText(int code, std::string_view text) {
-  char bytes[2];
-  littleEndian(bytes, static_cast<std::uint64_t>(code), 2);
-  m_data.append(bytes, sizeof bytes);
-  m_data += text;
-  m_data += '\0';
+  char* out = littleEndian(room(text.size() + 3), static_cast<std::uint64_t>(code), 2);
+  std::memcpy(out, text.data(), text.size());
+  out += text.size();
+  *out++ = '\0';
+  put(out);
 }
 
 void DxfBinaryTagWriter::putInteger(int code, DxfValueKind kind, std::int64_t value) {
@@ -48,5 +46,5 @@ void DxfBinaryTagWriter::putDouble(int code, double value) {
 
 void DxfBinaryTagWriter::putChunk(int code, const std::uint8_t* data, std::size_t size) {
   putNumber(code, size, 1);
-  m_data.append(reinterpret_cast<const char*>(data), size);
+  put(std::string_view(reinterpret_cast<const char*>(data), size));
 }

@@ -2,15 +2,9 @@
 // never mean one thing in memory and another in a file.
 #include "platform/dxf/DxfGroupCode.h"
 
-#include <array>
-
 #include "platform/resbuf/OdDxfCode.h"
 
 namespace {
-// Codes 0-1071 cover every code a DXF file may hold; negative codes and the 5000 range are
-// in-memory result types only.
-constexpr int kLastFileCode = 1071;
-
 DxfValueKind fileKind(int code) {
   switch (OdDxfCode::_getType(code)) {
     case OdDxfCode::String:
@@ -41,18 +35,13 @@ DxfValueKind fileKind(int code) {
   return DxfValueKind::kInvalid;
 }
 
-std::array<DxfValueKind, kLastFileCode + 1> buildTable() {
-  std::array<DxfValueKind, kLastFileCode + 1> table{};
+}  // namespace
+
+DxfGroupCode::KindTable DxfGroupCode::buildKindTable() noexcept {
+  KindTable table{};
   for (int code = 0; code <= kLastFileCode; ++code)
     table[static_cast<std::size_t>(code)] = fileKind(code);
   return table;
-}
-}  // namespace
-
-DxfValueKind DxfGroupCode::kindOf(int code) noexcept {
-  static const std::array<DxfValueKind, kLastFileCode + 1> kTable = buildTable();
-  if (code < 0 || code > kLastFileCode) return DxfValueKind::kInvalid;
-  return kTable[static_cast<std::size_t>(code)];
 }
 
 const char* DxfGroupCode::kindName(DxfValueKind kind) noexcept {

@@ -2,8 +2,10 @@
 // is stored, whatever C++ type it was passed as.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -48,10 +50,20 @@ class DxfTagWriter {
     return false;
   }
 
-  const std::string& data() const noexcept { return m_data; }
-  std::string takeData() { return std::move(m_data); }
+  // The bytes written so far; the room beyond them is given up.
+  const std::string& data() {
+    m_data.resize(m_size);
+    return m_data;
+  }
+  std::string takeData() {
+    m_data.resize(m_size);
+    m_size = 0;
+    return std::move(m_data);
+  }
   // Room for bytes more, so that a large file is not copied as it grows.
-  void reserve(std::size_t bytes) { m_data.reserve(m_data.size() + bytes); }
+  void reserve(std::size_t bytes) {
+    if (m_size + bytes > m_data.size()) m_data.resize(m_size + bytes);
+  }
 
  protected:
   DxfTagWriter() = default;
@@ -61,9 +73,23 @@ class DxfTagWriter {
   virtual void putDouble(int code, double value) = 0;
   virtual void putChunk(int code, const std::uint8_t* data, std::size_t size) = 0;
 
-  std::string m_data;
+  // At least bytes writable at the end of the data; put() then marks where the writing ended.
+  // Tags are laid out in place: a string append a piece costs more than formatting most values.
+  char* room(std::size_t bytes) {
+    if (m_size + bytes > m_data.size()) m_data.resize(std::max(m_size + bytes, 2 * m_data.size()));
+    return m_data.data() + m_size;
+  }
+  void put(const char* end) noexcept { m_size = static_cast<std::size_t>(end - m_data.data()); }
+  void put(std::string_view bytes) {
+    char* out = room(bytes.size());
+    std::memcpy(out, bytes.data(), bytes.size());
+    put(out + bytes.size());
+  }
 
  private:
+  std::string m_data;  // its size is the room; m_size bytes are written
+  std::size_t m_size = 0;
+
   void writeInteger(int code, std::int64_t value);
   void checkPoint(int code) const;
 

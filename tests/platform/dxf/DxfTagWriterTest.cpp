@@ -3,9 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cfloat>
+#include <charconv>
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <random>
+#include <string>
 #include <vector>
 
 #include "platform/base/OdError.h"
@@ -24,6 +28,23 @@ class DxfTagWriting : public ::testing::TestWithParam<bool> {
     return std::make_unique<DxfAsciiTagWriter>();
   }
 };
+
+// Any bit pattern, and decimals with few digits (the values text writing formats itself).
+std::vector<double> sampleDoubles() {
+  std::mt19937_64 random(20261123);
+  std::vector<double> values;
+  for (int i = 0; i < 20000; ++i) {
+    std::uint64_t bits = random();
+    double value;
+    std::memcpy(&value, &bits, sizeof value);
+    if (std::isfinite(value)) values.push_back(value);
+    const double scale = std::pow(10.0, static_cast<int>(random() % 24) - 12);
+    values.push_back(static_cast<double>(static_cast<std::int64_t>(random() % 2000001) - 1000000) *
+                     scale);
+    values.push_back(static_cast<double>(random() % 100000) / std::pow(10.0, random() % 12));
+  }
+  return values;
+}
 }  // namespace
 
 TEST_P(DxfTagWriting, DoublesReadBackBitExact) {
@@ -53,6 +74,20 @@ TEST_P(DxfTagWriting, DoublesReadBackBitExact) {
   for (std::size_t i = 0; i < 5; ++i) {
     EXPECT_EQ(tags[std::size(values) + i].code(), codes[i]);
     EXPECT_EQ(tags[std::size(values) + i].asDouble(), coords[i]);
+  }
+}
+
+TEST_P(DxfTagWriting, RandomDoublesReadBackBitExact) {
+  const std::vector<double> values = sampleDoubles();
+  auto writer = makeWriter();
+  for (double v : values)
+    writer->write(40, v);
+  auto reader = DxfTagReader::fromMemory(writer->takeData());
+  auto tags = readAll(*reader);
+  ASSERT_EQ(tags.size(), values.size());
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const double back = tags[i].asDouble();
+    ASSERT_EQ(std::memcmp(&back, &values[i], sizeof back), 0) << tags[i].raw();
   }
 }
 
@@ -128,6 +163,17 @@ TEST_P(DxfTagWriting, UnsuitableValuesAreRefusedAndNothingIsWritten) {
 
 INSTANTIATE_TEST_SUITE_P(BothForms, DxfTagWriting, ::testing::Bool(),
                          [](const auto& info) { return info.param ? "Binary" : "Ascii"; });
+
+TEST(DxfAsciiTagWriter, WritesDoublesInTheShortestStandardForm) {
+  for (double value : sampleDoubles()) {
+    DxfAsciiTagWriter writer(DxfAsciiTagWriter::LineEnd::kLf);
+    writer.write(40, value);
+    char expected[40];
+    std::string text(expected, std::to_chars(expected, expected + sizeof expected, value).ptr);
+    if (text.find_first_of(".e") == std::string::npos) text += ".0";
+    ASSERT_EQ(writer.data(), " 40\n" + text + "\n") << text;
+  }
+}
 
 TEST(DxfAsciiTagWriter, LaysOutTagsAsMainstreamFiles) {
   DxfAsciiTagWriter lf(DxfAsciiTagWriter::LineEnd::kLf);
