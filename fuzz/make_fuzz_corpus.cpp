@@ -9,10 +9,13 @@
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
+#include <iterator>
 #include <string>
 
+#include "CustomizableDrawing.h"
 #include "InstanceChainCoding.h"
 #include "ModuleFuzzing.h"
+#include "StorageRecordCoding.h"
 #include "core/CJbCustBlockElementFiler.h"
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "platform/base/OdError.h"
@@ -255,6 +258,32 @@ void writeInstanceSeeds(const fs::path& folder) {
          InstanceChainCoding::encode(graph->SaveInstance(&context).get()));
   }
 }
+// The storage record of the customizable drawing, as the memory filer writes it and as DXF tags.
+void writeStorageSeeds(const fs::path& folder) {
+  OdDbDatabasePtr db = customizableDrawing();
+  const StorageRecordCoding coding(db.get());
+  OdStaticRxObject<StorageRecordCoding::Recorder> recorder(coding, db.get());
+  CJbDbCustBlockStorage::GetStorage(db.get(), OdDb::kForRead, false)->dwgOutFields(&recorder);
+  save(folder, "seed-storage-dwg.bin", std::string(1, '\0') + recorder.bytes());
+  const std::string tags = splitAtStorageRecord(DxfFile::writeToMemory(db.get())).tags;
+  save(folder, "seed-storage-dxf.bin", "\x01" + tags);
+}
+
+// The customizable drawing in both DXF forms behind edits of every kind.
+void writeCustomizableDrawingSeeds(const fs::path& folder) {
+  OdDbDatabasePtr db = customizableDrawing();
+  const std::string text = DxfFile::writeToMemory(db.get());
+  DxfWriteOptions binary;
+  binary.binary = true;
+  const ReferenceEdit edits[] = {
+      {0x00, 25.0}, {0x81, -5.0}, {0x12, 1.0}, {0x23, 900.0}, {0x41, 3.0}};
+  for (std::size_t index = 0; index < std::size(edits); ++index) {
+    std::string bytes(1, static_cast<char>(edits[index].choice));
+    bytes.append(reinterpret_cast<const char*>(&edits[index].number), sizeof(double));
+    bytes += index % 2 == 0 ? text : DxfFile::writeToMemory(db.get(), binary);
+    save(folder, "seed-edit-" + std::to_string(index) + ".dxf", bytes);
+  }
+}
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -271,6 +300,9 @@ int main(int argc, char** argv) {
     writeReaderSeeds(seedFolder(root / "fuzz_dxf_reader"));
     writeGraphSeeds(seedFolder(root / "fuzz_graph_record"));
     writeInstanceSeeds(seedFolder(root / "fuzz_instance_chain"));
+    CJbCustBlockStorageClasses::RxInit();
+    writeStorageSeeds(seedFolder(root / "fuzz_storage_record"));
+    writeCustomizableDrawingSeeds(seedFolder(root / "fuzz_customizable_drawing"));
   } catch (const std::exception& e) {
     std::fprintf(stderr, "%s\n", e.what());
     return 1;

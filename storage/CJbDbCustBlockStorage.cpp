@@ -76,6 +76,15 @@ void eraseObject(const OdDbObjectId& id) {
   if (OdDbObjectPtr object = id.openObjectShared(OdDb::kForWrite)) object->erase(true);
 }
 
+// An entry's graph or state record goes with the entry only when the storage owns it: an id read
+// from a damaged file can name any object of the drawing.
+void eraseOwnedBy(const OdDbObjectId& ownerId, const OdDbObjectId& id) {
+  OdDbObjectPtr object = id.openObjectShared(OdDb::kForRead);
+  if (object.isNull() || object->ownerId() != ownerId) return;
+  object->upgradeOpen();
+  object->erase(true);
+}
+
 bool nextGroupIs(OdDbDxfFiler* filer, int code) {
   if (filer->nextItem() == code) return true;
   filer->pushBackItem();
@@ -382,7 +391,7 @@ bool CJbDbCustBlockStorage::EraseMasterCustomData(const OdDbObjectId& blockId) {
   if (!master) return false;
   if (!master->customDataId.isNull()) {
     assertWriteEnabled();
-    eraseObject(master->customDataId);
+    eraseOwnedBy(objectId(), master->customDataId);
     m_pImpl->Find(master->blockId)->customDataId = OdDbObjectId::kNull;
   }
   return true;
@@ -404,8 +413,8 @@ bool CJbDbCustBlockStorage::RemoveBlock(const OdDbObjectId& blockId, bool repoin
   }
   CJbDbCustBlockGraphPtr graph;
   if (GetUpdatedGraph(blockId, graph)) graph->Reset(blockId, true);
-  if (entry.IsMaster()) eraseObject(entry.graphId);
-  eraseObject(entry.customDataId);
+  if (entry.IsMaster()) eraseOwnedBy(objectId(), entry.graphId);
+  eraseOwnedBy(objectId(), entry.customDataId);
   m_pImpl->m_entries.erase(blockId);
   return true;
 }

@@ -8,6 +8,7 @@
 #include "StorageTestSupport.h"
 #include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbDictionary.h"
+#include "platform/db/OdDbMemoryDwgFiler.h"
 #include "platform/dxf/DxfFile.h"
 #include "platform/host/CJbCustBlockConverterUtils.h"
 
@@ -77,6 +78,30 @@ TEST_F(StorageAuditTest, CleanUpAndRemovingAMasterTakeInstancesAlong) {
   EXPECT_EQ(blockOf(references[1]), door);
   EXPECT_TRUE(graph.isErased());
   EXPECT_FALSE(storage(OdDb::kForWrite)->RemoveBlock(door, true));
+}
+
+TEST_F(StorageAuditTest, AnEntryNamingOtherObjectsIsDroppedWithoutErasingThem) {
+  // A damaged record: an entry whose block is a reference, whose graph is model space and whose
+  // state is another reference.
+  CJbDbCustBlockStoragePtr filed = storage(OdDb::kForWrite);
+  OdDbMemoryDwgFilerPtr filer = OdDbMemoryDwgFiler::createObject(db.get(), OdDb::kFileFiler);
+  filer->wrSoftPointerId(filed->ownerId());
+  filer->wrInt32(0);
+  filer->wrHardOwnershipId(OdDbObjectId::kNull);
+  for (std::int32_t value : {0, 0, 0, 1})
+    filer->wrInt32(value);
+  filer->wrSoftPointerId(references[0]);
+  filer->wrSoftPointerId(references[0]);
+  filer->wrString("Damaged");
+  filer->wrHardOwnershipId(db->getModelSpaceId());
+  filer->wrHardOwnershipId(references[1]);
+  filer->seek(0, OdDb::kSeekFromStart);
+  ASSERT_EQ(filed->dwgInFields(filer.get()), eOk);
+  filed.release();
+  EXPECT_EQ(audit(true), 1);
+  EXPECT_FALSE(storage()->IsBlockCustomizable(references[0]));
+  for (const OdDbObjectId& kept : {db->getModelSpaceId(), references[0], references[1]})
+    EXPECT_FALSE(kept.isErased());
 }
 
 TEST_F(StorageAuditTest, OutsideRoundTripDataIsStrippedFromBlocksAndReferences) {
