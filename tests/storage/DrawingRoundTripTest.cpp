@@ -1,39 +1,15 @@
 // Customizable drawings saved and loaded: every reference keeps its shape and state through a
 // DXF file (which another DXF library reads and audits cleanly) and through the DWG filer of the
 // storage, and editing goes on where it stopped.
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 #include "StorageTestSupport.h"
 #include "platform/db/OdDbMemoryDwgFiler.h"
 #include "platform/dxf/DxfFile.h"
+#include "support/ExternalDxfReader.h"
 
 namespace fs = std::filesystem;
-
-namespace {
-bool ezdxfAvailable() {
-  return std::system("/usr/bin/python3 -c 'import ezdxf' > /dev/null 2>&1") == 0;
-}
-
-// ezdxf's audit of a file: empty when it finds nothing wrong.
-std::string ezdxfAudit(const std::string& path) {
-  const std::string command =
-      "/usr/bin/python3 -c \"import sys, ezdxf\n"
-      "doc = ezdxf.readfile(sys.argv[1])\n"
-      "for e in doc.audit().errors: print(e.code, e.message)\" '" +
-      path + "' 2>&1";
-  std::string output;
-  FILE* pipe = ::popen(command.c_str(), "r");
-  char buffer[4096];
-  std::size_t count;
-  while ((count = std::fread(buffer, 1, sizeof buffer, pipe)) > 0)
-    output.append(buffer, count);
-  ::pclose(pipe);
-  return output;
-}
-}  // namespace
 
 class DrawingRoundTripTest : public StorageTest {
  protected:
@@ -82,12 +58,12 @@ TEST_F(DrawingRoundTripTest, DxfFilesKeepEveryReferenceAndEditingGoesOn) {
   EXPECT_TRUE(SameFrame(frameOf(door), DoorFrame(10)));
 
   DxfFile::write(db.get(), path.string());
-  if (!ezdxfAvailable()) {
+  if (!ExternalDxfReaderAvailable()) {
     fs::remove(path);
     GTEST_SKIP() << "/usr/bin/python3 cannot import ezdxf: the check by another DXF library is "
                     "skipped";
   }
-  EXPECT_EQ(ezdxfAudit(path.string()), "");
+  EXPECT_EQ(RunExternalDxfReader("audit", path.string()), "");
   fs::remove(path);
 }
 

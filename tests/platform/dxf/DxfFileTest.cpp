@@ -16,6 +16,7 @@
 #include "platform/db/OdDbXrecord.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/dxf/DxfFile.h"
+#include "support/ExternalDxfReader.h"
 #include "tests/platform/db/DbTestSupport.h"
 #include "tests/platform/dxf/DxfFileTestSupport.h"
 
@@ -114,23 +115,6 @@ const char* const kUnknownRecordFile =
     "3\nJB_SAMPLE\n350\n50\n0\nJB_SAMPLE_RECORD\n5\n50\n330\nC\n100\nJbSampleRecord\n"
     "90\n3\n340\n40\n310\n0A0B0C\n1001\nACAD\n1000\nnote\n0\nENDSEC\n0\nEOF\n";
 
-bool ezdxfAvailable() {
-  return std::system("/usr/bin/python3 -c 'import ezdxf' > /dev/null 2>&1") == 0;
-}
-
-std::string interop(const std::string& command, const std::string& path, int* status = nullptr) {
-  const std::string script = fs::path(JBCB_TEST_SOURCE_DIR) / "platform/dxf/dxf_interop.py";
-  const std::string line = "/usr/bin/python3 '" + script + "' " + command + " '" + path + "' 2>&1";
-  std::string output;
-  FILE* pipe = ::popen(line.c_str(), "r");
-  char buffer[4096];
-  std::size_t count;
-  while ((count = std::fread(buffer, 1, sizeof buffer, pipe)) > 0)
-    output.append(buffer, count);
-  const int result = ::pclose(pipe);
-  if (status) *status = result;
-  return output;
-}
 }  // namespace
 
 TEST(DxfFileRoundTrip, ApiDrawingComesBackInEveryVersionAndForm) {
@@ -280,7 +264,7 @@ TEST(DxfFileSave, AFailedSaveLeavesTheOldFileAndNoTemporaryFile) {
 }
 
 TEST(DxfFileInterop, AnotherReaderAuditsOurFilesAndWeKeepItsDrawings) {
-  if (!ezdxfAvailable())
+  if (!ExternalDxfReaderAvailable())
     GTEST_SKIP() << "/usr/bin/python3 cannot import ezdxf: the interop checks are skipped";
   const fs::path folder = scratchFolder("interop");
   std::vector<std::pair<std::string, OdDbDatabasePtr>> ours = {
@@ -290,12 +274,12 @@ TEST(DxfFileInterop, AnotherReaderAuditsOurFilesAndWeKeepItsDrawings) {
       const fs::path path = folder / (drawing.first + (binary ? "_bin.dxf" : "_asc.dxf"));
       DxfFile::write(drawing.second.get(), path.string(), DxfWriteOptions{binary});
       int status = 0;
-      const std::string report = interop("audit", path.string(), &status);
+      const std::string report = RunExternalDxfReader("audit", path.string(), &status);
       EXPECT_EQ(status, 0) << path << ":\n" << report;
     }
   }
 
-  const std::string created = interop("create", folder.string());
+  const std::string created = RunExternalDxfReader("create", folder.string());
   std::istringstream paths(created);
   std::string path;
   int files = 0;
@@ -304,7 +288,7 @@ TEST(DxfFileInterop, AnotherReaderAuditsOurFilesAndWeKeepItsDrawings) {
     ++files;
     const std::string rewritten = path + ".ours.dxf";
     DxfFile::write(DxfFile::read(path).get(), rewritten);
-    EXPECT_EQ(interop("summary", rewritten), interop("summary", path));
+    EXPECT_EQ(RunExternalDxfReader("summary", rewritten), RunExternalDxfReader("summary", path));
   }
   EXPECT_EQ(files, 8) << created;
   fs::remove_all(folder);
