@@ -76,11 +76,12 @@ class OdString {
   friend bool operator<(const OdString& a, const OdString& b) noexcept {
     return a.m_text < b.m_text;
   }
+  // Through a view: the length of a literal is known where this is inlined.
   friend bool operator==(const OdString& a, const char* b) noexcept {
-    return a.m_text == b;
+    return a.view() == std::string_view(b);
   }
   friend bool operator!=(const OdString& a, const char* b) noexcept {
-    return a.m_text != b;
+    return !(a == b);
   }
 
  private:

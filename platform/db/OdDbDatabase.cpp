@@ -236,7 +236,14 @@ OdDbObjectId OdDbDatabase::getPaperSpaceId() const {
   return findRecord(m_blockTableId, kPaperSpace);
 }
 OdDbObjectId OdDbDatabase::getLayerZeroId() const {
-  return findRecord(m_layerTableId, "0");
+  // Every entity added without a layer asks; the answer is kept while it still holds.
+  const OdDbObject* known = m_layerZeroId.isNull() ? nullptr : m_layerZeroId.stub()->object();
+  if (known && !m_layerZeroId.isErased() && known->ownerId() == m_layerTableId &&
+      known->isKindOf(OdDbLayerTableRecord::desc()) &&
+      static_cast<const OdDbSymbolTableRecord*>(known)->rawName() == "0")
+    return m_layerZeroId;
+  m_layerZeroId = findRecord(m_layerTableId, "0");
+  return m_layerZeroId;
 }
 
 OdDbObjectId OdDbDatabase::registerApplication(const OdString& name) {

@@ -133,6 +133,7 @@ class OdDbDatabase : public OdRxObject {
   OdDbHandle m_handseed{1};
   OdDbObjectId m_blockTableId;
   OdDbObjectId m_layerTableId;
+  mutable OdDbObjectId m_layerZeroId;  // last answer of getLayerZeroId
   OdDbObjectId m_regAppTableId;
   OdDbObjectId m_namedObjectsId;
   int m_lastAnonymous[2] = {0, 0};  // *U, *D

@@ -35,6 +35,7 @@ class OdDbSymbolTableRecord : public OdDbObject {
 
  private:
   friend class OdDbSymbolTable;
+  friend class OdDbDatabase;
   friend class OdDbCloner;
   friend class OdDbEntity;
   friend class OdDbBlockReference;

@@ -2,6 +2,7 @@
 #include "platform/dxf/DxfAsciiTagReader.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <utility>
 
@@ -10,6 +11,66 @@
 namespace {
 bool isBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r';
+}
+
+// The first line feed in [p, end), or end. Most DXF lines are a few bytes long: eight bytes are
+// tested at a time without a library call.
+const char* lineEnd(const char* p, const char* end) {
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+  constexpr std::uint64_t kOnes = 0x0101010101010101ull;
+  constexpr std::uint64_t kHighBits = 0x8080808080808080ull;
+  while (end - p >= 8) {
+    std::uint64_t word;
+    std::memcpy(&word, p, sizeof word);
+    const std::uint64_t x = word ^ (kOnes * '\n');
+    // The lowest byte flagged is the first zero byte of x, i.e. the first line feed.
+    const std::uint64_t zeros = (x - kOnes) & ~x & kHighBits;
+    if (zeros) return p + (__builtin_ctzll(zeros) >> 3);
+    p += 8;
+  }
+#endif
+  while (p < end && *p != '\n')
+    ++p;
+  return p;
+}
+
+// A group-code line as writers put it: blanks, one to six digits, the line end. The position
+// after it, or null for any other form (which the general path reads or rejects).
+const char* plainCodeLine(const char* p, const char* end, int& code) {
+  const auto digit = [](char c) { return static_cast<unsigned>(c - '0'); };
+  // Right-aligned in three columns, then the line end: most files write codes so.
+  if (end - p >= 5 && digit(p[2]) < 10) {
+    const char* const after = p[3] == '\r' ? p + 4 : p + 3;
+    if (*after == '\n') {
+      const unsigned tens = digit(p[1]);
+      const unsigned hundreds = digit(p[0]);
+      if (p[0] == ' ' && p[1] == ' ') {
+        code = static_cast<int>(digit(p[2]));
+        return after + 1;
+      }
+      if (p[0] == ' ' && tens < 10) {
+        code = static_cast<int>(tens * 10 + digit(p[2]));
+        return after + 1;
+      }
+      if (hundreds < 10 && tens < 10) {
+        code = static_cast<int>(hundreds * 100 + tens * 10 + digit(p[2]));
+        return after + 1;
+      }
+    }
+  }
+  while (p < end && *p == ' ')
+    ++p;
+  const char* const digits = p;
+  int value = 0;
+  while (p < end && static_cast<unsigned>(*p - '0') < 10) {
+    if (p - digits == 6) return nullptr;
+    value = value * 10 + (*p++ - '0');
+  }
+  if (p == digits) return nullptr;
+  if (p < end && *p == '\r') ++p;
+  if (p == end || *p != '\n') return nullptr;
+  code = value;
+  return p + 1;
 }
 }  // namespace
 
@@ -23,12 +84,11 @@ OdString DxfAsciiTagReader::position() const {
 
 bool DxfAsciiTagReader::nextLine(std::string_view& line) {
   if (m_offset >= m_bytes.size()) return false;
-  const char* start = m_bytes.data() + m_offset;
-  std::size_t left = m_bytes.size() - m_offset;
-  const void* newline = std::memchr(start, '\n', left);
-  std::size_t length =
-      newline ? static_cast<std::size_t>(static_cast<const char*>(newline) - start) : left;
-  m_offset += newline ? length + 1 : length;
+  const char* const start = m_bytes.data() + m_offset;
+  const char* const end = m_bytes.data() + m_bytes.size();
+  const char* const newline = lineEnd(start, end);
+  std::size_t length = static_cast<std::size_t>(newline - start);
+  m_offset += newline == end ? length : length + 1;
   if (length > 0 && start[length - 1] == '\r') --length;
   line = std::string_view(start, length);
   ++m_line;
@@ -67,18 +127,39 @@ int DxfAsciiTagReader::parseCode(std::string_view line) const {
   return code;
 }
 
-bool DxfAsciiTagReader::readTag(DxfTag& tag) {
+bool DxfAsciiTagReader::readCodeLine(int& code) {
   std::string_view line;
   if (!nextLine(line)) return false;
   if (std::all_of(line.begin(), line.end(), isBlank) && restIsBlank()) return false;
+  code = parseCode(line);
+  return true;
+}
+
+bool DxfAsciiTagReader::readTag(DxfTag& tag) {
+  const char* const begin = m_bytes.data();
+  const char* const end = begin + m_bytes.size();
+  int code = 0;
+  const char* value = plainCodeLine(begin + m_offset, end, code);
+  DxfValueKind kind = value ? DxfGroupCode::kindOf(code) : DxfValueKind::kInvalid;
+  if (kind != DxfValueKind::kInvalid) {
+    ++m_line;
+  } else {
+    if (!readCodeLine(code)) return false;
+    kind = DxfGroupCode::kindOf(code);
+    value = begin + m_offset;
+  }
   m_tagLine = m_line;
-  int code = parseCode(line);
-  if (!nextLine(line))
+  if (value == end)
     throw OdError(eBadDxfSequence,
                   OdString::format("line %zu: group code %d has no value, expected a value line "
                                    "before the end of the file",
                                    m_tagLine, code)
                       .str());
-  tag = DxfTag(code, line, DxfTag::FileForm::kText, m_line);
+  const char* const newline = lineEnd(value, end);
+  std::size_t length = static_cast<std::size_t>(newline - value);
+  m_offset = static_cast<std::size_t>((newline == end ? newline : newline + 1) - begin);
+  if (length > 0 && value[length - 1] == '\r') --length;
+  ++m_line;
+  tag = DxfTag(code, kind, std::string_view(value, length), DxfTag::FileForm::kText, m_line);
   return true;
 }

@@ -23,6 +23,8 @@ class DxfAsciiTagReader : public DxfTagReader {
  private:
   bool nextLine(std::string_view& line);
   bool restIsBlank() const;
+  // A group-code line in any form the format allows; false at the blank end of the input.
+  bool readCodeLine(int& code);
   int parseCode(std::string_view line) const;
 
   std::string m_bytes;

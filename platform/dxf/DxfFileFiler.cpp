@@ -123,6 +123,24 @@ int DxfFileFiler::nextItem() {
   return (*m_tags)[m_current].code();
 }
 
+bool DxfFileFiler::atEndOfObject() {
+  if (atEOF()) return true;
+  m_hasCurrent = false;
+  const int code = (*m_tags)[m_next].code();
+  return code == 0 || code == kXDataAppCode;
+}
+
+bool DxfFileFiler::atSubclassData(const OdString& className) {
+  m_hasCurrent = false;
+  if (atEOF()) return false;
+  const DxfTag& tag = (*m_tags)[m_next];
+  if (tag.code() != kSubclassCode || tag.raw() != className.view()) return false;
+  m_used[m_next] = 1;
+  m_current = m_next++;
+  m_hasCurrent = true;
+  return true;
+}
+
 void DxfFileFiler::pushBackItem() {
   if (!m_hasCurrent) return;
   m_next = m_current;

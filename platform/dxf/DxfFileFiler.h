@@ -68,6 +68,9 @@ class DxfFileFiler : public OdDbDxfFiler {
   void resetFilerStatus() override {}
   OdString describePosition() const override;
 
+  // Looked up in the record's tags directly: every object asks these several times.
+  bool atEndOfObject() override;
+  bool atSubclassData(const OdString& className) override;
   int nextItem() override;
   void pushBackItem() override;
   bool atEOF() override;

@@ -229,8 +229,9 @@ void DxfFileReader::fail(const DxfTag& at, const std::string& what) const {
                                      shown(at).str() + " met, " + what);
 }
 
-OdString DxfFileReader::headName() const {
-  return m_head.asString();
+void DxfFileReader::setHead(const DxfTag& tag) {
+  m_head = tag;
+  m_headName = tag.asString();
 }
 
 OdDbDatabasePtr DxfFileReader::read() {
@@ -253,7 +254,7 @@ OdDbDatabasePtr DxfFileReader::read() {
                   " outside any section");
       continue;
     }
-    m_head = tag;
+    setHead(tag);
     DxfTag name;
     if (!nextTag(name)) {
       if (!recovering()) fail(tag, "but the file ends where 2 (the section name) was expected");
@@ -340,7 +341,7 @@ bool DxfFileReader::nextRecord(const char* section) {
     m_sectionEnded = true;
     return false;
   }
-  m_head = tag;
+  setHead(tag);
   m_tags.clear();
   while (nextTag(tag)) {
     if (tag.code() == 0) {
@@ -635,7 +636,7 @@ void DxfFileReader::endFollowers() {
 }
 
 void DxfFileReader::readEntity(const OdDbObjectId& block) {
-  const OdString name = headName();
+  const OdString& name = headName();
   const bool follower = name == "ATTRIB" || name == "VERTEX" || name == "SEQEND";
   if (!m_parent.isNull() && follower) {
     OdDbObject* parent = m_parent.get();
@@ -713,7 +714,8 @@ void DxfFileReader::readEntity(const OdDbObjectId& block) {
   if (follower) fail(m_head, "but a " + name.str() + " record must follow its parent");
 
   OdDbObjectPtr entity = createRecord(true);
-  if (entity->isKindOf(OdDbBlockReference::desc())) {
+  const bool reference = entity->isKindOf(OdDbBlockReference::desc());
+  if (reference) {
     // A reference may name a block defined later in the file (files without a block table).
     auto blockName =
         std::find_if(m_tags.begin(), m_tags.end(), [](const DxfTag& t) { return t.code() == 2; });
@@ -741,7 +743,7 @@ void DxfFileReader::readEntity(const OdDbObjectId& block) {
       (name == "POLYLINE" || std::any_of(m_tags.begin(), m_tags.end(), [](const DxfTag& t) {
          return t.code() == 66 && t.asInt16() != 0;
        }));
-  if (entity->isKindOf(OdDbBlockReference::desc()) || entity->isKindOf(OdDb2dPolyline::desc()) ||
+  if (reference || entity->isKindOf(OdDb2dPolyline::desc()) ||
       entity->isKindOf(OdDb3dPolyline::desc()) || unknownParent) {
     m_parent = entity;
     m_followerHandles.clear();
@@ -787,12 +789,15 @@ void DxfFileReader::keepSection(const OdString& name) {
 }
 
 OdDbObjectPtr DxfFileReader::createRecord(bool entity) {
-  const OdString name = headName();
+  const OdString& name = headName();
   // Kept as an unknown record, a structure name would end a section or block when written.
-  static const char* const kStructure[] = {"SECTION", "ENDSEC", "EOF",    "TABLE",
-                                           "ENDTAB",  "BLOCK",  "ENDBLK", "CLASS"};
-  for (const char* structure : kStructure)
-    if (m_head.is(0, structure)) fail(m_head, "but a " + name.str() + " record cannot stand here");
+  static constexpr std::string_view kStructure[] = {"SECTION", "ENDSEC", "EOF",    "TABLE",
+                                                    "ENDTAB",  "BLOCK",  "ENDBLK", "CLASS"};
+  std::string_view bare = name.view();
+  while (!bare.empty() && (bare.back() == ' ' || bare.back() == '\t' || bare.back() == '\r'))
+    bare.remove_suffix(1);
+  for (std::string_view structure : kStructure)
+    if (bare == structure) fail(m_head, "but a " + name.str() + " record cannot stand here");
   OdRxClass* cls = nullptr;
   if (name == "POLYLINE") {
     if (hasMarker(m_tags, "AcDb2dPolyline")) cls = OdDb2dPolyline::desc();
@@ -801,7 +806,7 @@ OdDbObjectPtr DxfFileReader::createRecord(bool entity) {
     if (hasMarker(m_tags, "AcDb2dVertex")) cls = OdDb2dVertex::desc();
     if (hasMarker(m_tags, "AcDb3dPolylineVertex")) cls = OdDb3dPolylineVertex::desc();
   } else {
-    cls = OdRxClassDictionary::instance().findByDxfName(name);
+    cls = classOfRecord(name);
   }
   const bool isEntityClass = cls && cls->isDerivedFrom(OdDbEntity::desc());
   if (cls && cls->constructor() && cls->isDerivedFrom(OdDbObject::desc()) &&
@@ -817,6 +822,15 @@ OdDbObjectPtr DxfFileReader::createRecord(bool entity) {
   OdDbUnknownObjectPtr unknown = OdDbUnknownObject::createObject();
   unknown->setDxfRecordName(name);
   return unknown;
+}
+
+OdRxClass* DxfFileReader::classOfRecord(const OdString& name) {
+  // A file uses a few record names many times over.
+  for (const auto& [known, cls] : m_recordClasses)
+    if (known == name) return cls;
+  OdRxClass* cls = OdRxClassDictionary::instance().findByDxfName(name);
+  m_recordClasses.emplace_back(name, cls);
+  return cls;
 }
 
 void DxfFileReader::readRecord(OdDbObject* object, bool resident, OdDbHandle* handleOut) {

@@ -7,6 +7,7 @@
 
 #include <map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "platform/db/OdDbDatabase.h"
@@ -77,13 +78,17 @@ class DxfFileReader {
   // to the database under its handle (unless resident is false: the handle is returned in
   // handle and the object stays free).
   OdDbObjectPtr createRecord(bool entity);
+  // The class registered under a record name, null when none is.
+  OdRxClass* classOfRecord(const OdString& name);
   void readRecord(OdDbObject* object, bool resident, OdDbHandle* handle = nullptr);
   // One entity record of a block (BLOCKS) or of a layout (ENTITIES, owner null).
   void readEntity(const OdDbObjectId& block);
   void endFollowers();
   OdDbBlockTableRecord* openBlock(const OdDbObjectId& id);
   OdDbObjectId blockNamed(const OdString& name, bool create);
-  OdString headName() const;
+  // The record tag m_head and its name.
+  void setHead(const DxfTag& tag);
+  const OdString& headName() const { return m_headName; }
   bool isR12() const { return m_version <= OdDb::vAC12; }
 
   DxfTagReader& m_reader;
@@ -92,7 +97,9 @@ class DxfFileReader {
   DxfFileFilerPtr m_filer;
   OdDb::DwgVersion m_version = OdDb::kDHL_CURRENT;
   DxfTag m_head;
+  OdString m_headName;
   std::vector<DxfTag> m_tags;
+  std::vector<std::pair<OdString, OdRxClass*>> m_recordClasses;
 
   // Blocks kept open for write while their entities are read.
   std::map<OdDbStub*, OdDbObjectPtr> m_openBlocks;

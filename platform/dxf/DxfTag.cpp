@@ -29,6 +29,40 @@ std::string_view numberText(std::string_view text) {
   return text;
 }
 
+// Most coordinates are short plain decimals ("-12.375"). When the digits make an integer below
+// 2^53 and there are at most 22 of them after the point, both that integer and the power of ten
+// are exact doubles, so one correctly rounded division gives the correctly rounded value.
+bool plainDecimal(std::string_view text, double& value) {
+  static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                       1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                       1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+  constexpr std::uint64_t kExactLimit = std::uint64_t(1) << 53;
+  constexpr std::ptrdiff_t kMostDigits = 19;  // their integer cannot overflow 64 bits
+  const char* p = text.data();
+  const char* const end = p + text.size();
+  const bool negative = p < end && *p == '-';
+  if (negative) ++p;
+  const auto isDigit = [](char c) { return static_cast<unsigned>(c - '0') < 10; };
+  std::uint64_t digits = 0;
+  const char* const integerPart = p;
+  for (; p < end && isDigit(*p) && p - integerPart < kMostDigits; ++p)
+    digits = digits * 10 + static_cast<unsigned>(*p - '0');
+  std::ptrdiff_t count = p - integerPart;
+  std::ptrdiff_t fraction = 0;
+  if (p < end && *p == '.') {
+    const char* const fractionPart = ++p;
+    for (; p < end && isDigit(*p) && count + (p - fractionPart) < kMostDigits; ++p)
+      digits = digits * 10 + static_cast<unsigned>(*p - '0');
+    fraction = p - fractionPart;
+    count += fraction;
+  }
+  if (p != end || count == 0 || digits >= kExactLimit || fraction > 22) return false;
+  const double magnitude =
+      fraction > 0 ? static_cast<double>(digits) / kPowers[fraction] : static_cast<double>(digits);
+  value = negative ? -magnitude : magnitude;
+  return true;
+}
+
 int hexDigit(char c) {
   if (c >= '0' && c <= '9') return c - '0';
   if (c >= 'A' && c <= 'F') return c - 'A' + 10;
@@ -185,6 +219,10 @@ bool DxfTag::asBool() const {
 
 double DxfTag::asDouble() const {
   static constexpr const char* kFinite = "a finite real number";
+  if (m_form == FileForm::kText) {
+    double value = 0.0;
+    if (plainDecimal(m_value, value)) return value;
+  }
   const char* expected = DxfGroupCode::kindName(DxfValueKind::kDouble);
   if (!isText()) {
     if (kind() != DxfValueKind::kDouble || m_value.size() != sizeof(double)) fail(expected);

@@ -20,11 +20,11 @@ class DxfTag {
   DxfTag() = default;
   // location: the line of the value in a text file, its byte offset in a binary file.
   DxfTag(int code, std::string_view value, FileForm form, std::size_t location) noexcept
-      : m_value(value),
-        m_location(location),
-        m_code(code),
-        m_kind(DxfGroupCode::kindOf(code)),
-        m_form(form) {}
+      : DxfTag(code, DxfGroupCode::kindOf(code), value, form, location) {}
+  // kind: DxfGroupCode::kindOf(code), when the caller has it already.
+  DxfTag(int code, DxfValueKind kind, std::string_view value, FileForm form,
+         std::size_t location) noexcept
+      : m_value(value), m_location(location), m_code(code), m_kind(kind), m_form(form) {}
 
   int code() const noexcept { return m_code; }
   DxfValueKind kind() const noexcept { return m_kind; }

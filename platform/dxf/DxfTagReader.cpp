@@ -51,7 +51,7 @@ bool DxfTagReader::next(DxfTag& tag) {
       return false;
     }
   } while (tag.code() == kCommentCode);
-  if (tag.is(0, "EOF")) m_finished = true;
+  if (tag.code() == 0 && tag.is(0, "EOF")) m_finished = true;
   m_hasLast = true;
   m_last = tag;
   return true;
