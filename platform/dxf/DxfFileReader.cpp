@@ -106,12 +106,27 @@ bool DxfFileReader::nextTag(DxfTag& tag) {
   try {
     if (m_reader.next(tag)) return true;
   } catch (const OdError& e) {
-    m_recovery->add(DxfRecoverReport::kTruncated,
-                    e.description() + "; the rest of the file is left out");
-    m_truncationReported = true;
+    reportTruncation(e);
   }
   m_inputStopped = true;
   return false;
+}
+
+void DxfFileReader::readRecordBody() {
+  if (!recovering()) return m_reader.appendUntilCodeZero(m_tags);
+  if (m_inputStopped) return;
+  try {
+    m_reader.appendUntilCodeZero(m_tags);
+  } catch (const OdError& e) {
+    reportTruncation(e);
+    m_inputStopped = true;
+  }
+}
+
+void DxfFileReader::reportTruncation(const OdError& error) {
+  m_recovery->add(DxfRecoverReport::kTruncated,
+                  error.description() + "; the rest of the file is left out");
+  m_truncationReported = true;
 }
 
 void DxfFileReader::reportAt(const char* code, const std::string& what,
@@ -343,13 +358,7 @@ bool DxfFileReader::nextRecord(const char* section) {
   }
   setHead(tag);
   m_tags.clear();
-  while (nextTag(tag)) {
-    if (tag.code() == 0) {
-      m_reader.pushBack();
-      break;
-    }
-    m_tags.push_back(tag);
-  }
+  readRecordBody();
   return true;
 }
 

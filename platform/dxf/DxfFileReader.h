@@ -18,6 +18,7 @@
 #include "platform/dxf/DxfTagReader.h"
 
 class OdDbBlockTableRecord;
+class OdError;
 class OdDbEntity;
 
 class DxfFileReader {
@@ -38,6 +39,9 @@ class DxfFileReader {
   bool recovering() const { return m_recovery != nullptr; }
   // The next tag. Recovering, a tag that cannot be read ends the input (reported).
   bool nextTag(DxfTag& tag);
+  // The tags of the current record after its 0 tag into m_tags, the next 0 tag left unread.
+  void readRecordBody();
+  void reportTruncation(const OdError& error);
   // The next record of the current section: its 0 tag into m_head and the tags up to the next
   // 0 into m_tags. False at 0/ENDSEC.
   bool nextRecord(const char* section);

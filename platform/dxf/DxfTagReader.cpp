@@ -57,6 +57,29 @@ bool DxfTagReader::next(DxfTag& tag) {
   return true;
 }
 
+void DxfTagReader::appendUntilCodeZero(std::vector<DxfTag>& out) {
+  // next() tag by tag, without its per-tag bookkeeping: a record's body is most of a file.
+  if (m_pushedBack) {
+    if (m_last.code() == 0) return;
+    m_pushedBack = false;
+    out.push_back(m_last);
+  }
+  DxfTag tag;
+  while (!m_finished && readTag(tag)) {
+    if (tag.code() == kCommentCode) continue;
+    if (tag.code() == 0) {
+      if (tag.is(0, "EOF")) m_finished = true;
+      m_last = tag;
+      m_hasLast = true;
+      m_pushedBack = true;
+      return;
+    }
+    out.push_back(tag);
+  }
+  m_finished = true;
+  m_hasLast = false;
+}
+
 void DxfTagReader::pushBack() {
   if (!m_hasLast || m_pushedBack)
     throw OdError(eNotApplicable, "a DXF tag can be pushed back only once, after it was read");

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/base/OdString.h"
 #include "platform/dxf/DxfTag.h"
@@ -25,6 +26,9 @@ class DxfTagReader {
   bool next(DxfTag& tag);
   // Makes the next call to next() return the tag just returned again: one tag of look-ahead.
   void pushBack();
+  // The tags up to the next 0 tag, appended to out, as next() would return them; the 0 tag is
+  // left to be read next. Errors as next(); the tags read before one stay in out.
+  void appendUntilCodeZero(std::vector<DxfTag>& out);
   // Where the last tag returned starts: "line 1234" or "byte 0x1A2B".
   virtual OdString position() const = 0;
   virtual bool isBinary() const = 0;

@@ -218,6 +218,39 @@ TEST(DxfBinaryTagReader, TruncatedOrUnknownInputNamesTheByteOffset) {
   EXPECT_THAT(shortChunk.description(), AllOf(HasSubstr("byte 0x22"), HasSubstr("5 bytes")));
 }
 
+TEST(DxfTagReader, RecordBodiesReadInBulkAsTagByTag) {
+  // A pushed-back body tag, a comment, the stop at a 0 tag, a second call at that 0 tag, the end.
+  auto reader = DxfTagReader::fromMemory(
+      "  0\nLINE\n  8\n0\n999\nnote\n 10\n1.5\n  0\nCIRCLE\n 40\n2\n  0\nEOF\n");
+  DxfTag tag;
+  ASSERT_TRUE(reader->next(tag));
+  ASSERT_TRUE(reader->next(tag));
+  reader->pushBack();
+  std::vector<DxfTag> body;
+  reader->appendUntilCodeZero(body);
+  ASSERT_EQ(body.size(), 2u);
+  EXPECT_TRUE(body[0].is(8, "0"));
+  EXPECT_EQ(body[1].asDouble(), 1.5);
+  reader->appendUntilCodeZero(body);
+  EXPECT_EQ(body.size(), 2u);
+  ASSERT_TRUE(reader->next(tag));
+  EXPECT_TRUE(tag.is(0, "CIRCLE"));
+  body.clear();
+  reader->appendUntilCodeZero(body);
+  ASSERT_EQ(body.size(), 1u);
+  EXPECT_EQ(reader->position(), "line 13");  // the 0 tag read ahead
+  ASSERT_TRUE(reader->next(tag));
+  EXPECT_TRUE(tag.is(0, "EOF"));
+  EXPECT_FALSE(reader->next(tag));
+
+  // Cut short inside a body: the error names the line, the tags before it are kept.
+  auto cut = DxfTagReader::fromMemory("  0\nLINE\n  8\n0\n 10\n");
+  ASSERT_TRUE(cut->next(tag));
+  body.clear();
+  EXPECT_THROW(cut->appendUntilCodeZero(body), OdError);
+  EXPECT_EQ(body.size(), 1u);
+}
+
 TEST(DxfTagReader, PushBackRereadsOneTag) {
   auto reader = DxfTagReader::fromMemory("  0\nSECTION\n  2\nHEADER\n  0\nEOF\n");
   DxfTag tag;
