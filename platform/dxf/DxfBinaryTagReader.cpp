@@ -100,8 +100,8 @@ bool DxfBinaryTagReader::readTag(DxfTag& tag) {
                                  .str());
     next = m_offset + length;
   }
-  tag = DxfTag(code, std::string_view(m_bytes.data() + m_offset, length), DxfTag::FileForm::kBinary,
-               valueOffset);
+  tag = DxfTag(code, kind, std::string_view(m_bytes.data() + m_offset, length),
+               DxfTag::FileForm::kBinary, valueOffset);
   m_offset = next;
   return true;
 }

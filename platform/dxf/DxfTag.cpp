@@ -10,6 +10,12 @@
 #include "platform/base/OdError.h"
 
 namespace {
+#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+constexpr bool kLittleEndianHost = true;  // binary files store numbers as this host does
+#else
+constexpr bool kLittleEndianHost = false;
+#endif
+
 bool isBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r';
 }
@@ -219,21 +225,23 @@ bool DxfTag::asBool() const {
 
 double DxfTag::asDouble() const {
   static constexpr const char* kFinite = "a finite real number";
+  double value = 0.0;
   if (m_form == FileForm::kText) {
-    double value = 0.0;
     if (plainDecimal(m_value, value)) return value;
+  } else if (kLittleEndianHost && m_kind == DxfValueKind::kDouble &&
+             m_value.size() == sizeof value) {
+    std::memcpy(&value, m_value.data(), sizeof value);
+    if (std::isfinite(value)) return value;
   }
   const char* expected = DxfGroupCode::kindName(DxfValueKind::kDouble);
   if (!isText()) {
     if (kind() != DxfValueKind::kDouble || m_value.size() != sizeof(double)) fail(expected);
     std::uint64_t bits = littleEndian(m_value);
-    double value;
     std::memcpy(&value, &bits, sizeof value);
     if (!std::isfinite(value)) fail(kFinite);
     return value;
   }
   std::string_view text = numberText(m_value);
-  double value = 0.0;
   auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (text.empty() || ec != std::errc() || end != text.data() + text.size()) fail(expected);
   // No geometry or measure holds infinities or "nan"; they would poison every computation.
