@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "platform/base/OdError.h"
 #include "platform/dxf/DxfAsciiTagWriter.h"
@@ -38,20 +39,26 @@ inline void exerciseTag(const DxfTag& tag, DxfTagWriter& asciiOut, DxfTagWriter&
   tryAccess([&] { binaryOut.writeTag(tag); });
 }
 
-// Reads bytes as a DXF file to its end or its first error, pushing every other tag back once so
-// that the look-ahead path runs as often as the plain one.
+// Reads bytes as a DXF file to its end or its first error. Turn by turn a tag is pushed back
+// once, a record body is read in bulk, or reading goes on tag by tag, so that every path runs.
 inline void exerciseDxfTags(std::string bytes) {
   try {
     std::unique_ptr<DxfTagReader> reader = DxfTagReader::fromMemory(std::move(bytes));
     DxfAsciiTagWriter asciiOut;
     DxfBinaryTagWriter binaryOut;
     DxfTag tag;
-    bool pushBack = true;
-    while (reader->next(tag)) {
+    std::vector<DxfTag> body;
+    for (int turn = 0; reader->next(tag); ++turn) {
       (void)reader->position();
       exerciseTag(tag, asciiOut, binaryOut);
-      if (pushBack) reader->pushBack();
-      pushBack = !pushBack;
+      if (turn % 3 == 0) {
+        reader->pushBack();
+      } else if (turn % 3 == 1) {
+        body.clear();
+        reader->appendUntilCodeZero(body);
+        for (const DxfTag& read : body)
+          exerciseTag(read, asciiOut, binaryOut);
+      }
     }
   } catch (const OdError&) {
   }

@@ -82,7 +82,8 @@ class DxfTagWriter {
   void put(const char* end) noexcept { m_size = static_cast<std::size_t>(end - m_data.data()); }
   void put(std::string_view bytes) {
     char* out = room(bytes.size());
-    std::memcpy(out, bytes.data(), bytes.size());
+    // An empty view may have no data at all, which memcpy must not be given.
+    if (!bytes.empty()) std::memcpy(out, bytes.data(), bytes.size());
     put(out + bytes.size());
   }
 
