@@ -20,6 +20,7 @@ DxfFileInfoPtr DxfFileInfo::of(OdDbDatabase* database, bool create) {
 const std::vector<OdDbHandle>& DxfFileInfo::recordHandles(OdDbDatabase* database,
                                                           const OdDbObjectId& id,
                                                           std::size_t count) {
+  indexRecordHandles();
   std::vector<OdDbHandle>& handles = m_recordHandles[id.stub()];
   if (handles.size() > count) handles.resize(count);
   while (handles.size() < count) {
@@ -31,7 +32,17 @@ const std::vector<OdDbHandle>& DxfFileInfo::recordHandles(OdDbDatabase* database
 }
 
 void DxfFileInfo::setRecordHandles(const OdDbObjectId& id, std::vector<OdDbHandle> handles) {
-  m_recordHandles[id.stub()] = std::move(handles);
+  m_recordHandlesToIndex.emplace_back(id.stub(), std::move(handles));
+}
+
+void DxfFileInfo::indexRecordHandles() {
+  if (m_recordHandlesToIndex.empty()) return;
+  m_recordHandles.reserve(m_recordHandles.size() + m_recordHandlesToIndex.size());
+  // In order: a later setting for the same object wins.
+  for (auto& [stub, handles] : m_recordHandlesToIndex)
+    m_recordHandles[stub] = std::move(handles);
+  m_recordHandlesToIndex.clear();
+  m_recordHandlesToIndex.shrink_to_fit();
 }
 
 const DxfLeftovers* DxfFileInfo::leftoversOf(const OdDbObjectId& id) const {

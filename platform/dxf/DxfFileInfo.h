@@ -60,12 +60,17 @@ class DxfFileInfo : public OdRxObject {
   // so that the next write gives the same).
   const std::vector<OdDbHandle>& recordHandles(OdDbDatabase* database, const OdDbObjectId& id,
                                                std::size_t count);
+  // Kept in order and indexed on the first recordHandles call: a read sets them for every
+  // reference with attributes, and many reads are never written.
   void setRecordHandles(const OdDbObjectId& id, std::vector<OdDbHandle> handles);
 
   // The leftovers of an object, or null.
   const DxfLeftovers* leftoversOf(const OdDbObjectId& id) const;
 
  private:
+  void indexRecordHandles();
+
   std::unordered_map<OdDbStub*, std::vector<OdDbHandle>> m_recordHandles;
+  std::vector<std::pair<OdDbStub*, std::vector<OdDbHandle>>> m_recordHandlesToIndex;
 };
 using DxfFileInfoPtr = OdSmartPtr<DxfFileInfo>;
