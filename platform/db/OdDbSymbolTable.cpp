@@ -21,6 +21,7 @@ const OdDbSymbolTableRecord* recordOf(const OdDbObjectId& id) {
 }  // namespace
 
 void OdDbSymbolTable::rebuildIndex() const {
+  forgetLastLookup();
   m_index.clear();
   for (const OdDbObjectId& id : m_records) {
     const OdDbSymbolTableRecord* record = recordOf(id);
@@ -33,9 +34,19 @@ void OdDbSymbolTable::rebuildIndex() const {
 
 OdDbObjectId OdDbSymbolTable::lookup(const OdString& name) const {
   if (m_indexStale) rebuildIndex();
+  // Readers ask for the same name many times over (an entity's layer, say).
+  if (!m_lastFound.isNull() && name == m_lastName)
+    return m_lastFound.isErased() ? OdDbObjectId::kNull : m_lastFound;
   auto found = m_index.find(name);
   if (found == m_index.end() || found->second.isErased()) return OdDbObjectId::kNull;
+  m_lastName = name;
+  m_lastFound = found->second;
   return found->second;
+}
+
+void OdDbSymbolTable::forgetLastLookup() const {
+  m_lastName.empty();
+  m_lastFound = OdDbObjectId::kNull;
 }
 
 OdDbObjectId OdDbSymbolTable::getAt(const OdString& name, bool getErasedRecord) const {
@@ -74,6 +85,7 @@ OdString OdDbSymbolTable::resolveName(const OdDbObjectId& recordId, const OdStri
 void OdDbSymbolTable::rename(const OdDbObjectId& recordId, const OdString& oldName,
                              const OdString& newName) {
   if (m_indexStale) rebuildIndex();
+  forgetLastLookup();
   auto old = m_index.find(oldName);
   if (old != m_index.end() && old->second == recordId) m_index.erase(old);
   m_index[newName] = recordId;
@@ -104,6 +116,7 @@ OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record) {
   record->m_name = name;
   m_records.append(id);
   if (m_indexStale) rebuildIndex();
+  forgetLastLookup();
   m_index[name] = id;
   return id;
 }
@@ -134,7 +147,10 @@ void OdDbSymbolTable::appendPrimaryClone(OdDbObject* clone, const OdDbObject*, O
   if (m_indexStale) rebuildIndex();
   if (namesAnonymousBlocks() && isAnonymousBlockName(record->m_name))
     record->m_name = database()->blockNameForTable(record->m_name.left(2));
-  if (lookup(record->m_name).isNull()) m_index[record->m_name] = clone->objectId();
+  if (lookup(record->m_name).isNull()) {
+    forgetLastLookup();
+    m_index[record->m_name] = clone->objectId();
+  }
 }
 
 bool OdDbSymbolTable::isAnonymousBlockName(const OdString& name) {

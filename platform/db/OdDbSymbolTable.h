@@ -59,11 +59,15 @@ class OdDbSymbolTable : public OdDbObject {
   OdString resolveName(const OdDbObjectId& recordId, const OdString& name) const;
   void rename(const OdDbObjectId& recordId, const OdString& oldName, const OdString& newName);
   void rebuildIndex() const;
+  // Drops the memo of the last lookup; every change of the index calls it.
+  void forgetLastLookup() const;
   // Whether name lookups find this record (a clone of a taken name does not).
   bool isIndexed(const OdDbObjectId& recordId) const;
 
   OdDbObjectIdArray m_records;
   mutable std::map<OdString, OdDbObjectId, OdStringILess> m_index;
   mutable bool m_indexStale = false;
+  mutable OdString m_lastName;  // the last name looked up and found, exactly as asked
+  mutable OdDbObjectId m_lastFound;
 };
 using OdDbSymbolTablePtr = OdSmartPtr<OdDbSymbolTable>;

@@ -37,6 +37,29 @@ TEST_F(DbBlocks, AnonymousNamesCountUpAndAreNeverReused) {
   EXPECT_EQ(nameOf(named), "*U8");
 }
 
+TEST_F(DbBlocks, NameLookupsFollowRenamesErasuresAndNewRecords) {
+  // The same name asked for twice in a row between each change: a remembered answer must not
+  // outlive the change.
+  const OdDbObjectId door = addBlock("Door");
+  const auto lookup = [&](const char* name) {
+    OdSmartPtr<OdDbBlockTable> table = open<OdDbBlockTable>(db->getBlockTableId(), OdDb::kForRead);
+    const OdDbObjectId first = table->getAt(name);
+    EXPECT_EQ(table->getAt(name), first) << name;
+    return first;
+  };
+  EXPECT_EQ(lookup("Door"), door);
+  open<OdDbBlockTableRecord>(door, OdDb::kForWrite)->setName("Window");
+  EXPECT_TRUE(lookup("Door").isNull());
+  EXPECT_EQ(lookup("Window"), door);
+  open<OdDbObject>(door, OdDb::kForWrite)->erase();
+  EXPECT_TRUE(lookup("Window").isNull());
+  const OdDbObjectId second = addBlock("Window");
+  EXPECT_EQ(lookup("Window"), second);
+  EXPECT_EQ(lookup("WINDOW"), second);
+  const OdDbObjectId again = addBlock("Door");
+  EXPECT_EQ(lookup("Door"), again);
+}
+
 TEST_F(DbBlocks, DirectAndNestedReferences) {
   // Model space shows Outer twice; Outer holds Inner once; Inner is also in Other, unused.
   const OdDbObjectId inner = addBlock("Inner");
