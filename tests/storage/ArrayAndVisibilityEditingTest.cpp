@@ -13,7 +13,6 @@
 #include "platform/db/entities/OdDbCircle.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/dxf/DxfFile.h"
-#include "storage/CJbCustBlockEditorHelper.h"
 
 namespace fs = std::filesystem;
 
@@ -73,20 +72,11 @@ class ArrayAndVisibilityEditingTest : public StorageTest {
     return open<OdDbBlockTableRecord>(block, OdDb::kForWrite)->appendOdDbEntity(entity.get());
   }
 
-  // Sets value 0 of element `id` on the reference and commits the edit.
-  void edit(const OdDbObjectId& reference, int id, const OdResBufPtr& value) {
-    CJbCustBlockEditorHelper helper(reference);
-    CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
-    ASSERT_FALSE(graph.isNull());
-    EXPECT_TRUE(CJbCustBlockParameter::cast(graph->GetNode(id).get())->SetValue(0, value));
-    graph.release();
-    EXPECT_TRUE(helper.Commit());
-  }
   void setWidth(const OdDbObjectId& reference, double width) {
-    edit(reference, widthId, OdResBuf::newRb(OdResBuf::kRtDouble, width));
+    setValue(reference, widthId, OdResBuf::newRb(OdResBuf::kRtDouble, width));
   }
   void setState(const OdDbObjectId& reference, int state) {
-    edit(reference, visibilityId, OdResBuf::newRb(OdResBuf::kRtInt32, state));
+    setValue(reference, visibilityId, OdResBuf::newRb(OdResBuf::kRtInt32, state));
   }
 
   // Centres along X of the chairs in a block.

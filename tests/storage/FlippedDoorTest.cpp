@@ -18,7 +18,6 @@
 #include "platform/dxf/DxfFile.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/OdGePlane.h"
-#include "storage/CJbCustBlockEditorHelper.h"
 
 namespace {
 constexpr double kDegree = OdGeAngle::kPi / 180;
@@ -78,17 +77,6 @@ class FlippedDoorTest : public StorageTest {
         ->SetElements(0, {flip->GetElementId()});
   }
 
-  // One committed edit of the reference through the editor helper.
-  template <class Edit>
-  void edit(const OdDbObjectId& reference, Edit change) {
-    CJbCustBlockEditorHelper helper(reference);
-    CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
-    ASSERT_FALSE(graph.isNull());
-    change(graph.get());
-    graph.release();
-    EXPECT_TRUE(helper.Commit());
-  }
-
   // The drawing written to DXF and read back; the ids become those of the same handles.
   void reload(std::vector<OdDbObjectId*> ids) {
     const OdDbDatabasePtr read = DxfFile::readFromMemory(DxfFile::writeToMemory(db.get()));
@@ -116,10 +104,10 @@ TEST_F(FlippedDoorTest, FlippedThenTurnedReferenceSurvivesDxfAndLeavesTheOthers)
   addSwingDoor();
   std::vector<OdDbObjectId> references{addReference(db->getModelSpaceId(), door),
                                        addReference(db->getModelSpaceId(), door)};
-  edit(references[0], [&](CJbDbCustBlockGraph* graph) {
+  commitEdit(references[0], [&](CJbDbCustBlockGraph* graph) {
     CJbCustBlockFlipGrip::cast(graph->GetNode(flipGrip).get())->SetFlipped(true);
   });
-  edit(references[0], [&](CJbDbCustBlockGraph* graph) {
+  commitEdit(references[0], [&](CJbDbCustBlockGraph* graph) {
     ASSERT_TRUE(CJbCustBlockParameter::cast(graph->GetNode(rotationParameter).get())
                     ->SetValue(0, OdResBuf::newRb(OdResBuf::kRtAngle, 30 * kDegree)));
   });

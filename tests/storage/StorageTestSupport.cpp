@@ -19,7 +19,6 @@
 #include "platform/db/entities/OdDbArc.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/db/entities/OdDbText.h"
-#include "storage/CJbCustBlockEditorHelper.h"
 #include "storage/CJbCustBlockStorageClasses.h"
 
 void StorageTest::SetUpTestSuite() {
@@ -119,15 +118,18 @@ std::vector<OdDbObjectId> StorageTest::addReferences(int count, int edited) {
   return references;
 }
 
+void StorageTest::setValue(const OdDbObjectId& reference, int id, const OdResBufPtr& value) {
+  commitEdit(reference, [&](CJbDbCustBlockGraph* graph) {
+    EXPECT_TRUE(CJbCustBlockParameter::cast(graph->GetNode(id).get())->SetValue(0, value));
+  });
+}
+
 void StorageTest::dragWidth(const OdDbObjectId& reference, const OdGeVector3d& by) {
-  CJbCustBlockEditorHelper helper(reference);
-  CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
-  ASSERT_FALSE(graph.isNull());
-  CJbCustBlockGripPtr grip = CJbCustBlockGrip::cast(graph->GetNode(rightGrip).get());
-  ASSERT_FALSE(grip.isNull());
-  grip->SetDisplayPosition(grip->GetDisplayPosition() + by);
-  graph.release();
-  EXPECT_TRUE(helper.Commit());
+  commitEdit(reference, [&](CJbDbCustBlockGraph* graph) {
+    CJbCustBlockGripPtr grip = CJbCustBlockGrip::cast(graph->GetNode(rightGrip).get());
+    ASSERT_FALSE(grip.isNull());
+    grip->SetDisplayPosition(grip->GetDisplayPosition() + by);
+  });
 }
 
 OdDbObjectId StorageTest::blockOf(const OdDbObjectId& reference) {

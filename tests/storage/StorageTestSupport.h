@@ -10,6 +10,7 @@
 #include "core/CJbDbCustBlockGraph.h"
 #include "platform/db/DbTestSupport.h"
 #include "platform/db/entities/OdDbPolyline.h"
+#include "storage/CJbCustBlockEditorHelper.h"
 #include "storage/CJbDbCustBlockStorage.h"
 
 class StorageTest : public DbTest {
@@ -28,6 +29,18 @@ class StorageTest : public DbTest {
   // `count` references of the door in model space, the first `edited` of them widened by 5, 10,
   // ... through the editor helper.
   std::vector<OdDbObjectId> addReferences(int count, int edited);
+  // One committed edit of the reference through the editor helper: change gets its graph.
+  template <class Edit>
+  void commitEdit(const OdDbObjectId& reference, Edit change) {
+    CJbCustBlockEditorHelper helper(reference);
+    CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
+    ASSERT_FALSE(graph.isNull());
+    change(graph.get());
+    graph.release();
+    EXPECT_TRUE(helper.Commit());
+  }
+  // Sets value 0 of the reference's parameter `id` and commits, as the properties palette does.
+  void setValue(const OdDbObjectId& reference, int id, const OdResBufPtr& value);
   // Drags the right width grip of the reference by `by` and commits the edit.
   void dragWidth(const OdDbObjectId& reference, const OdGeVector3d& by);
   OdDbObjectId blockOf(const OdDbObjectId& reference);

@@ -7,7 +7,6 @@
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockLookupParameter.h"
 #include "platform/dxf/DxfFile.h"
-#include "storage/CJbCustBlockEditorHelper.h"
 
 class WindowLookupTest : public StorageTest {
  protected:
@@ -68,15 +67,6 @@ class WindowLookupTest : public StorageTest {
     return {OdGePoint2d(0, 0), OdGePoint2d(w, 0), OdGePoint2d(w, h), OdGePoint2d(0, h)};
   }
 
-  // Sets one value of the reference's element `id`, as the properties palette does.
-  void setValue(const OdDbObjectId& reference, int id, const OdResBufPtr& value) {
-    CJbCustBlockEditorHelper helper(reference);
-    CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
-    ASSERT_FALSE(graph.isNull());
-    EXPECT_TRUE(CJbCustBlockParameter::cast(graph->GetNode(id).get())->SetValue(0, value));
-    graph.release();
-    EXPECT_TRUE(helper.Commit());
-  }
   OdString shownState(const OdDbObjectId& reference) {
     CJbDbCustBlockGraphPtr graph;
     if (!storage()->GetUpdatedGraph(blockOf(reference), graph)) return "no graph";
