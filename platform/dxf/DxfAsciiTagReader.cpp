@@ -6,6 +6,7 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/base/OdByteOrder.h"
 #include "platform/base/OdError.h"
 
 namespace {
@@ -16,10 +17,9 @@ bool isBlank(char c) {
 // The first line feed in [p, end), or end. Most DXF lines are a few bytes long: eight bytes are
 // tested at a time without a library call.
 const char* lineEnd(const char* p, const char* end) {
-#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
   constexpr std::uint64_t kOnes = 0x0101010101010101ull;
   constexpr std::uint64_t kHighBits = 0x8080808080808080ull;
-  while (end - p >= 8) {
+  while (OdByteOrder::kLittleEndianHost && end - p >= 8) {
     std::uint64_t word;
     std::memcpy(&word, p, sizeof word);
     const std::uint64_t x = word ^ (kOnes * '\n');
@@ -28,7 +28,6 @@ const char* lineEnd(const char* p, const char* end) {
     if (zeros) return p + (__builtin_ctzll(zeros) >> 3);
     p += 8;
   }
-#endif
   while (p < end && *p != '\n')
     ++p;
   return p;
@@ -82,7 +81,8 @@ OdString DxfAsciiTagReader::position() const {
   return OdString::format("line %zu", m_tagLine);
 }
 
-bool DxfAsciiTagReader::nextLine(std::string_view& line) {
+// Inline: it reads every value line.
+inline bool DxfAsciiTagReader::nextLine(std::string_view& line) {
   if (m_offset >= m_bytes.size()) return false;
   const char* const start = m_bytes.data() + m_offset;
   const char* const end = m_bytes.data() + m_bytes.size();
@@ -137,29 +137,24 @@ bool DxfAsciiTagReader::readCodeLine(int& code) {
 
 bool DxfAsciiTagReader::readTag(DxfTag& tag) {
   const char* const begin = m_bytes.data();
-  const char* const end = begin + m_bytes.size();
   int code = 0;
-  const char* value = plainCodeLine(begin + m_offset, end, code);
-  DxfValueKind kind = value ? DxfGroupCode::kindOf(code) : DxfValueKind::kInvalid;
+  const char* const valueLine = plainCodeLine(begin + m_offset, begin + m_bytes.size(), code);
+  DxfValueKind kind = valueLine ? DxfGroupCode::kindOf(code) : DxfValueKind::kInvalid;
   if (kind != DxfValueKind::kInvalid) {
+    m_offset = static_cast<std::size_t>(valueLine - begin);
     ++m_line;
   } else {
     if (!readCodeLine(code)) return false;
     kind = DxfGroupCode::kindOf(code);
-    value = begin + m_offset;
   }
   m_tagLine = m_line;
-  if (value == end)
+  std::string_view line;
+  if (!nextLine(line))
     throw OdError(eBadDxfSequence,
                   OdString::format("line %zu: group code %d has no value, expected a value line "
                                    "before the end of the file",
                                    m_tagLine, code)
                       .str());
-  const char* const newline = lineEnd(value, end);
-  std::size_t length = static_cast<std::size_t>(newline - value);
-  m_offset = static_cast<std::size_t>((newline == end ? newline : newline + 1) - begin);
-  if (length > 0 && value[length - 1] == '\r') --length;
-  ++m_line;
-  tag = DxfTag(code, kind, std::string_view(value, length), DxfTag::FileForm::kText, m_line);
+  tag = DxfTag(code, kind, line, DxfTag::FileForm::kText, m_line);
   return true;
 }

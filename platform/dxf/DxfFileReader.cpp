@@ -802,9 +802,7 @@ OdDbObjectPtr DxfFileReader::createRecord(bool entity) {
   // Kept as an unknown record, a structure name would end a section or block when written.
   static constexpr std::string_view kStructure[] = {"SECTION", "ENDSEC", "EOF",    "TABLE",
                                                     "ENDTAB",  "BLOCK",  "ENDBLK", "CLASS"};
-  std::string_view bare = name.view();
-  while (!bare.empty() && (bare.back() == ' ' || bare.back() == '\t' || bare.back() == '\r'))
-    bare.remove_suffix(1);
+  const std::string_view bare = m_head.bareValue();
   for (std::string_view structure : kStructure)
     if (bare == structure) fail(m_head, "but a " + name.str() + " record cannot stand here");
   OdRxClass* cls = nullptr;

@@ -7,15 +7,10 @@
 #include <limits>
 #include <string>
 
+#include "platform/base/OdByteOrder.h"
 #include "platform/base/OdError.h"
 
 namespace {
-#if defined(__BYTE_ORDER__) && __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
-constexpr bool kLittleEndianHost = true;  // binary files store numbers as this host does
-#else
-constexpr bool kLittleEndianHost = false;
-#endif
-
 bool isBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r';
 }
@@ -150,11 +145,14 @@ OdString DxfTag::position() const {
 }
 
 bool DxfTag::is(int code, std::string_view text) const noexcept {
-  if (m_code != code) return false;
+  return m_code == code && bareValue() == text;
+}
+
+std::string_view DxfTag::bareValue() const noexcept {
   std::string_view value = m_value;
   while (!value.empty() && isBlank(value.back()))
     value.remove_suffix(1);
-  return value == text;
+  return value;
 }
 
 bool DxfTag::isText() const noexcept {
@@ -228,7 +226,7 @@ double DxfTag::asDouble() const {
   double value = 0.0;
   if (m_form == FileForm::kText) {
     if (plainDecimal(m_value, value)) return value;
-  } else if (kLittleEndianHost && m_kind == DxfValueKind::kDouble &&
+  } else if (OdByteOrder::kLittleEndianHost && m_kind == DxfValueKind::kDouble &&
              m_value.size() == sizeof value) {
     std::memcpy(&value, m_value.data(), sizeof value);
     if (std::isfinite(value)) return value;

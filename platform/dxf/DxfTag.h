@@ -37,6 +37,8 @@ class DxfTag {
   // True when the group code is code and the text value, less trailing blanks, is text: the
   // structure test (0/SECTION, 2/ENTITIES) that must not allocate.
   bool is(int code, std::string_view text) const noexcept;
+  // The value as stored less trailing blanks: what is() compares.
+  std::string_view bareValue() const noexcept;
 
   // Typed values. A value that does not parse as asked raises OdError(eInvalidDxfCode) naming
   // the position, the group code, the value and what was expected.

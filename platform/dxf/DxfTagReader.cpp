@@ -38,12 +38,8 @@ std::unique_ptr<DxfTagReader> DxfTagReader::fromMemory(std::string bytes) {
   return std::make_unique<DxfAsciiTagReader>(std::move(bytes));
 }
 
-bool DxfTagReader::next(DxfTag& tag) {
-  if (m_pushedBack) {
-    m_pushedBack = false;
-    tag = m_last;
-    return true;
-  }
+// Inline: it runs for every tag, from next() and from appendUntilCodeZero().
+inline bool DxfTagReader::readSignificant(DxfTag& tag) {
   do {
     if (m_finished || !readTag(tag)) {
       m_finished = true;
@@ -52,23 +48,32 @@ bool DxfTagReader::next(DxfTag& tag) {
     }
   } while (tag.code() == kCommentCode);
   if (tag.code() == 0 && tag.is(0, "EOF")) m_finished = true;
+  return true;
+}
+
+bool DxfTagReader::next(DxfTag& tag) {
+  if (m_pushedBack) {
+    m_pushedBack = false;
+    tag = m_last;
+    return true;
+  }
+  if (!readSignificant(tag)) return false;
   m_hasLast = true;
   m_last = tag;
   return true;
 }
 
 void DxfTagReader::appendUntilCodeZero(std::vector<DxfTag>& out) {
-  // next() tag by tag, without its per-tag bookkeeping: a record's body is most of a file.
+  // next() tag by tag, without keeping each tag for a push-back: a record's body is most of a
+  // file.
   if (m_pushedBack) {
     if (m_last.code() == 0) return;
     m_pushedBack = false;
     out.push_back(m_last);
   }
   DxfTag tag;
-  while (!m_finished && readTag(tag)) {
-    if (tag.code() == kCommentCode) continue;
+  while (readSignificant(tag)) {
     if (tag.code() == 0) {
-      if (tag.is(0, "EOF")) m_finished = true;
       m_last = tag;
       m_hasLast = true;
       m_pushedBack = true;
@@ -76,8 +81,6 @@ void DxfTagReader::appendUntilCodeZero(std::vector<DxfTag>& out) {
     }
     out.push_back(tag);
   }
-  m_finished = true;
-  m_hasLast = false;
 }
 
 void DxfTagReader::pushBack() {

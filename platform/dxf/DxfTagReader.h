@@ -41,6 +41,10 @@ class DxfTagReader {
   virtual bool readTag(DxfTag& tag) = 0;
 
  private:
+  // The next tag that is not a comment; false at the end of the input, which ends reading.
+  // 0/EOF ends reading after it.
+  bool readSignificant(DxfTag& tag);
+
   DxfTag m_last;
   bool m_hasLast = false;
   bool m_pushedBack = false;
