@@ -12,10 +12,10 @@
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockParameterClasses.h"
 #include "platform/OdPlatform.h"
-#include "platform/db/OdDbBlockTable.h"
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/entities/OdDbLine.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 
 namespace {
 constexpr int kSelection = 10;

@@ -4,12 +4,12 @@
 #include <malloc.h>
 
 #include "platform/OdPlatform.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTable.h"
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbIdMapping.h"
 #include "platform/db/OdRxEvent.h"
+#include "platform/db/cloning/OdDbIdMapping.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/rx/OdRxClass.h"
 
 // The smallest useful entity: one point of geometry on top of the entity base.

@@ -11,14 +11,14 @@
 #include <string>
 
 #include "platform/OdPlatform.h"
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTableRecord.h"
-#include "platform/db/OdDbSymbolTable.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/entities/OdDbCircle.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/db/entities/OdDbPolyline.h"
 #include "platform/db/entities/OdDbText.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/db/symtables/OdDbSymbolTable.h"
 #include "platform/dxf/DxfFile.h"
 
 namespace {

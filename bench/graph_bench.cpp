@@ -10,7 +10,7 @@
 #include "core/CJbDbCustBlockGraph.h"
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "platform/OdPlatform.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/rx/OdRxClass.h"
 
 // An element whose hooks do nothing; the first of the chain asks for evaluation.

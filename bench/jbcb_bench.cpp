@@ -7,13 +7,13 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
-#include "cli/CustomBlockAuthor.h"
-#include "cli/DoorDemoBlock.h"
 #include "cli/DrawingFile.h"
 #include "cli/ModuleLoading.h"
+#include "cli/blocks/CustomBlockAuthor.h"
+#include "cli/blocks/DoorDemoBlock.h"
 #include "platform/OdPlatform.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTableRecord.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 
 namespace {
 constexpr int kDoors = 10000;

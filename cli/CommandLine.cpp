@@ -4,13 +4,13 @@
 
 #include <iostream>
 
-#include "cli/CheckCommand.h"
-#include "cli/ConvertCommand.h"
-#include "cli/DemoCommand.h"
-#include "cli/GripCommand.h"
-#include "cli/InfoCommand.h"
-#include "cli/RenderCommand.h"
-#include "cli/SetCommand.h"
+#include "cli/commands/CheckCommand.h"
+#include "cli/commands/ConvertCommand.h"
+#include "cli/commands/DemoCommand.h"
+#include "cli/commands/GripCommand.h"
+#include "cli/commands/InfoCommand.h"
+#include "cli/commands/RenderCommand.h"
+#include "cli/commands/SetCommand.h"
 
 CommandLine::CommandLine()
     : m_app(

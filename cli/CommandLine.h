@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "cli/Command.h"
+#include "cli/commands/Command.h"
 
 class CommandLine {
  public:

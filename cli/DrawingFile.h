@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 
 class DrawingFile {
  public:

@@ -8,15 +8,15 @@
 #include <sstream>
 
 #include "cli/DrawingFile.h"
-#include "cli/DrawingRenderer.h"
-#include "platform/db/OdDbBlockTable.h"
-#include "platform/db/OdDbBlockTableRecord.h"
+#include "cli/rendering/DrawingRenderer.h"
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/OdDbEntity.h"
-#include "platform/db/OdDbLayerTable.h"
-#include "platform/db/OdDbLayerTableRecord.h"
-#include "platform/db/OdDbUnknownEntity.h"
 #include "platform/db/OdDbUnknownObject.h"
+#include "platform/db/entities/OdDbUnknownEntity.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/db/symtables/OdDbLayerTable.h"
+#include "platform/db/symtables/OdDbLayerTableRecord.h"
 #include "platform/rx/OdRxClass.h"
 
 namespace {

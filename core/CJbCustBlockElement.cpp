@@ -3,8 +3,8 @@
 
 #include "core/CJbCustBlockElementImpl.h"
 #include "core/CJbDbCustBlockGraph.h"
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "platform/base/OdBinaryData.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 
 class CJbCustBlockElementFiler : public OdDbDwgFiler {
  public:

@@ -9,7 +9,7 @@
 #include "core/CJbCustBlockElementFiler.h"
 #include "core/CJbCustBlockProxyElementImpl.h"
 #include "core/CJbDbCustBlockGraph.h"
-#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/rx/OdRxClass.h"
 #include "platform/rx/OdRxClassDictionary.h"
 

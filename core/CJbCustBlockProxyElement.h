@@ -5,7 +5,7 @@
 
 #include "core/CJbCustBlockElement.h"
 #include "platform/base/OdBinaryData.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 
 class CJbCustBlockProxyElementImpl;
 

@@ -2,7 +2,7 @@
 #include "core/CJbCustBlockSettingsElement.h"
 
 #include "core/CJbDbCustBlockGraph.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
 

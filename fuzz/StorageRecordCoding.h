@@ -9,7 +9,7 @@
 #include <string>
 
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/db/filers/OdDbMemoryDwgFiler.h"
 
 class StorageRecordCoding {
  public:

@@ -10,7 +10,7 @@
 #include "core/CJbCustBlockElementFiler.h"
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbResBufDxfFiler.h"
+#include "platform/db/filers/OdDbResBufDxfFiler.h"
 #include "platform/dxf/DxfFileFiler.h"
 #include "platform/dxf/DxfTagReader.h"
 

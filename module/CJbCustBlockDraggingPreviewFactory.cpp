@@ -1,8 +1,8 @@
 #include "module/CJbCustBlockDraggingPreviewFactory.h"
 
 #include "module/CJbCustBlockGraphLookup.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTableRecord.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 
 bool CJbCustBlockDraggingPreviewFactory::GetPreviewEntities(const OdDbEntity* dragged,
                                                             OdArray<OdDbObjectId>& entities) const {

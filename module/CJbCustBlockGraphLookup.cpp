@@ -1,7 +1,7 @@
 #include "module/CJbCustBlockGraphLookup.h"
 
-#include "platform/db/OdDbBlockTable.h"
 #include "platform/db/OdDbDatabase.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
 #include "storage/CJbDbCustBlockStorage.h"
 
 OdDbObjectId CJbCustBlockGraphLookup::FindGraph(const OdDbObjectId& blockId) {

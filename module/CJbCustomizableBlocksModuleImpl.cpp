@@ -39,7 +39,7 @@
 #include "parameters/grips/CJbCustBlockRotationGrip.h"
 #include "parameters/grips/CJbCustBlockVisibilityGrip.h"
 #include "parameters/grips/CJbCustBlockXYGrip.h"
-#include "platform/db/OdDbBlockReference.h"
+#include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/host/CJbDraggingPreview.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClass.h"

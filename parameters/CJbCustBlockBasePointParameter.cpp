@@ -3,10 +3,10 @@
 
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "parameters/CJbCustBlockBasePointParameterImpl.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTableRecord.h"
-#include "platform/db/OdDbDwgFiler.h"
 #include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"

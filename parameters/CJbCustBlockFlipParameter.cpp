@@ -3,7 +3,7 @@
 
 #include "parameters/CJbCustBlockFlipParameterImpl.h"
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbTranslator.h"

@@ -5,7 +5,7 @@
 
 #include "parameters/CJbCustBlockLinearParameterImpl.h"
 #include "parameters/grips/CJbCustBlockGrip.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
 

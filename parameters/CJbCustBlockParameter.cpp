@@ -9,7 +9,7 @@
 #include "parameters/CJbCustBlockParameterImpl.h"
 #include "parameters/CJbCustBlockParameterPointBinding.h"
 #include "parameters/grips/CJbCustBlockGrip.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"

@@ -10,7 +10,7 @@
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/CJbCustBlockParameterValueInfoImpl.h"
 #include "platform/base/OdError.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/host/CJbTranslator.h"
 

@@ -9,10 +9,10 @@
 #include "parameters/CJbCustBlockVisibilityParameterImpl.h"
 #include "platform/base/OdError.h"
 #include "platform/db/OdDbAuditInfo.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbDwgFiler.h"
 #include "platform/db/OdDbEntity.h"
 #include "platform/db/OdDbObjectIterator.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
 

@@ -3,9 +3,9 @@
 
 #include <map>
 
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbObjectIterator.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 
 namespace {
 // The block record an evaluation works in: the block itself, or the one a reference shows. The

@@ -2,7 +2,7 @@
 #include "storage/CJbBlockInstanceGripPoints.h"
 
 #include "parameters/grips/CJbCustBlockGrip.h"
-#include "platform/db/OdDbBlockReference.h"
+#include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/rx/OdRxClass.h"
 #include "storage/CJbCustBlockEditorHelper.h"
 

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdRxEvent.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/rx/OdRxClass.h"
 #include "storage/CJbDbCustBlockStorage.h"
 

@@ -5,7 +5,7 @@
 
 #include "core/CJbDbCustBlockAttributeSnapshot.h"
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
-#include "platform/db/OdDbBlockReference.h"
+#include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/host/CJbConstraintUtils.h"
 #include "storage/CJbDbCustBlockStorage.h"
 

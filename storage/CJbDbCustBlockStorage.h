@@ -9,8 +9,8 @@
 #include <memory>
 
 #include "core/CJbDbCustBlockGraph.h"
-#include "platform/db/OdDbIdMapping.h"
 #include "platform/db/OdDbObject.h"
+#include "platform/db/cloning/OdDbIdMapping.h"
 
 class CJbDbCustBlockStorageImpl;
 class CJbDbCustBlockStorage;

@@ -4,7 +4,7 @@
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
 #include "parameters/grips/CJbCustBlockLookupGrip.h"
 #include "parameters/grips/CJbCustBlockVisibilityGrip.h"
-#include "platform/db/OdDbBlockReference.h"
+#include "platform/db/entities/OdDbBlockReference.h"
 #include "storage/CJbCustBlockEditorHelper.h"
 
 namespace {

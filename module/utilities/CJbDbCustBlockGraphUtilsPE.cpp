@@ -1,7 +1,7 @@
 #include "module/utilities/CJbDbCustBlockGraphUtilsPE.h"
 
 #include "core/CJbDbCustBlockGraph.h"
-#include "platform/db/OdDbBlockTableRecord.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 
 CJbDbCustBlockGraphUtilsPE::CJbDbCustBlockGraphUtilsPE()
     : CJbCustBlockOtherKindUtilsPE(&CJbDbCustBlockGraph::desc, "Customizable Block", "GRAPH") {}

@@ -5,7 +5,7 @@
 #include "parameters/CJbCustBlockFormatVersion.h"
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/grips/CJbCustBlockGripImpl.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS_NAMED(CJbCustBlockGrip, "JbCustBlockGrip", CJbCustBlockElement)

@@ -7,16 +7,16 @@
 #include <string>
 
 #include "platform/db/OdDbAuditInfo.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTable.h"
-#include "platform/db/OdDbBlockTableRecord.h"
-#include "platform/db/OdDbCloner.h"
 #include "platform/db/OdDbDictionary.h"
-#include "platform/db/OdDbLayerTable.h"
-#include "platform/db/OdDbLayerTableRecord.h"
-#include "platform/db/OdDbRegAppTable.h"
-#include "platform/db/OdDbRegAppTableRecord.h"
 #include "platform/db/OdDbWriteGuard.h"
+#include "platform/db/cloning/OdDbCloner.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/db/symtables/OdDbLayerTable.h"
+#include "platform/db/symtables/OdDbLayerTableRecord.h"
+#include "platform/db/symtables/OdDbRegAppTable.h"
+#include "platform/db/symtables/OdDbRegAppTableRecord.h"
 #include "platform/rx/OdRxClass.h"
 
 OdRxObjectPtr constructDatabaseWithDefaults() {

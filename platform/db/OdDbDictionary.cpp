@@ -5,11 +5,11 @@
 #include <string>
 
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/OdDbEntity.h"
 #include "platform/db/OdDbStub.h"
 #include "platform/db/OdDbWriteGuard.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbDictionary, OdDbObject, "DICTIONARY", "", 0)

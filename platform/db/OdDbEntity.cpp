@@ -7,13 +7,13 @@
 #include <unordered_set>
 
 #include "platform/db/OdDbAuditInfo.h"
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
-#include "platform/db/OdDbLayerTable.h"
-#include "platform/db/OdDbLayerTableRecord.h"
 #include "platform/db/OdDbWriteGuard.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/db/symtables/OdDbLayerTable.h"
+#include "platform/db/symtables/OdDbLayerTableRecord.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS(OdDbEntity, OdDbObject)

@@ -8,14 +8,14 @@
 #include <vector>
 
 #include "platform/db/OdDbAuditInfo.h"
-#include "platform/db/OdDbCloner.h"
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/OdDbDictionary.h"
-#include "platform/db/OdDbDxfFiler.h"
-#include "platform/db/OdDbMemoryDwgFiler.h"
-#include "platform/db/OdDbResBufFiler.h"
 #include "platform/db/OdDbStub.h"
 #include "platform/db/OdDbWriteGuard.h"
+#include "platform/db/cloning/OdDbCloner.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbMemoryDwgFiler.h"
+#include "platform/db/filers/OdDbResBufFiler.h"
 #include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
 

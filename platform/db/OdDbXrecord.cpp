@@ -1,9 +1,9 @@
 // Extension record.
 #include "platform/db/OdDbXrecord.h"
 
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
-#include "platform/db/OdDbResBufFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbResBufFiler.h"
 #include "platform/resbuf/OdResBuf.h"
 #include "platform/rx/OdRxClass.h"
 

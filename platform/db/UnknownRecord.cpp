@@ -1,6 +1,6 @@
 #include "platform/db/UnknownRecord.h"
 
-#include "platform/db/OdDbResBufFiler.h"
+#include "platform/db/filers/OdDbResBufFiler.h"
 
 OdResBufPtr UnknownRecord::items() const {
   return m_items.isNull() ? OdResBufPtr() : m_items->copyChain();

@@ -2,8 +2,8 @@
 // common data, filed back exactly as they were read.
 #pragma once
 
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/resbuf/OdResBuf.h"
 
 class UnknownRecord {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/dxf/DxfRecoverReport.h"
 
 // How a drawing is written: text or binary, and the file version (2000 to 2018).

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/dxf/DxfKeptTags.h"
 #include "platform/dxf/DxfTag.h"
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/dxf/DxfFileFiler.h"
 #include "platform/dxf/DxfFileInfo.h"
 #include "platform/dxf/DxfRecoverReport.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/base/OdString.h"
-#include "platform/db/OdDbDxfFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 
 class DxfFileVersion {
  public:

@@ -3,16 +3,16 @@
 
 #include <algorithm>
 
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbAttributeDefinition.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbSymbolTable.h"
-#include "platform/db/OdDbUnknownEntity.h"
 #include "platform/db/OdDbUnknownObject.h"
 #include "platform/db/entities/OdDb2dPolyline.h"
 #include "platform/db/entities/OdDb3dPolyline.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/entities/OdDbUnknownEntity.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/db/symtables/OdDbSymbolTable.h"
 #include "platform/dxf/DxfAsciiTagWriter.h"
 #include "platform/dxf/DxfBinaryTagWriter.h"
 #include "platform/dxf/DxfFileVersion.h"

@@ -4,7 +4,7 @@
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockPointParameter.h"
-#include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
 #include "platform/ge/OdGeMatrix3d.h"
 
 class ActionSelectionTest : public ActionTest {

@@ -14,11 +14,11 @@
 #include "parameters/CJbCustBlockRotationParameter.h"
 #include "parameters/CJbCustBlockXYParameter.h"
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
-#include "platform/db/OdDbMemoryDwgFiler.h"
 #include "platform/db/entities/OdDbArc.h"
 #include "platform/db/entities/OdDbMText.h"
 #include "platform/db/entities/OdDbPolyline.h"
 #include "platform/db/entities/OdDbText.h"
+#include "platform/db/filers/OdDbMemoryDwgFiler.h"
 #include "platform/dxf/DxfFile.h"
 #include "platform/ge/OdGeAngle.h"
 

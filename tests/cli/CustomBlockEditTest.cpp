@@ -13,12 +13,12 @@
 #include <set>
 
 #include "JbcbProcess.h"
-#include "cli/CustomBlockAuthor.h"
-#include "cli/DoorDemoBlock.h"
 #include "cli/DrawingFile.h"
 #include "cli/ModuleLoading.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTableRecord.h"
+#include "cli/blocks/CustomBlockAuthor.h"
+#include "cli/blocks/DoorDemoBlock.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 
 class CustomBlockEdit : public ::testing::Test {
  protected:

@@ -5,9 +5,9 @@
 
 #include <cmath>
 
-#include "cli/CustomBlockAuthor.h"
-#include "cli/CustomBlockProperty.h"
 #include "cli/ModuleLoading.h"
+#include "cli/blocks/CustomBlockAuthor.h"
+#include "cli/blocks/CustomBlockProperty.h"
 #include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"

@@ -2,14 +2,14 @@
 // entities of every kind in a fresh database.
 #pragma once
 
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTable.h"
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbLayerTable.h"
-#include "platform/db/OdDbLayerTableRecord.h"
+#include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/entities/OdDbHatch.h"
 #include "platform/db/entities/OdDbLine.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/db/symtables/OdDbLayerTable.h"
+#include "platform/db/symtables/OdDbLayerTableRecord.h"
 
 class DrawingBuilder {
  public:

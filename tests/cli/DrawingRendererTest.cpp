@@ -7,8 +7,8 @@
 #include <cmath>
 
 #include "DrawingBuilder.h"
-#include "cli/DrawingRenderer.h"
-#include "platform/db/OdDbAttribute.h"
+#include "cli/rendering/DrawingRenderer.h"
+#include "platform/db/entities/OdDbAttribute.h"
 #include "platform/db/entities/OdDbPoint.h"
 #include "platform/db/entities/OdDbPolyline.h"
 #include "platform/db/entities/OdDbSpline.h"

@@ -12,7 +12,7 @@
 #include "DrawingBuilder.h"
 #include "JbcbProcess.h"
 #include "cli/DrawingFile.h"
-#include "cli/DrawingRenderer.h"
+#include "cli/rendering/DrawingRenderer.h"
 #include "platform/db/entities/OdDbCircle.h"
 
 class JbcbCommand : public ::testing::Test {

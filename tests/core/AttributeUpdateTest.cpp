@@ -5,8 +5,8 @@
 #include "core/CJbDbCustBlockAttributeSnapshot.h"
 #include "core/CJbDbCustBlockGraph.h"
 #include "platform/db/DbTestSupport.h"
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
 
 class AttributeUpdateTest : public DbTest {
  protected:

@@ -4,7 +4,7 @@
 #include "core/CJbCustBlockCoreClasses.h"
 #include "core/CJbCustBlockElementFiler.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_CONS_DEFINE_MEMBERS(RecordingElement, CJbCustBlockElement)

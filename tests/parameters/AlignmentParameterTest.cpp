@@ -4,11 +4,11 @@
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "parameters/CJbCustBlockAlignmentParameter.h"
 #include "parameters/grips/CJbCustBlockAlignmentGrip.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTable.h"
-#include "platform/db/OdDbBlockTableRecord.h"
+#include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/entities/OdDbCircle.h"
 #include "platform/db/entities/OdDbLine.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/ge/OdGeAngle.h"
 
 class AlignmentParameterTest : public ParameterTest {

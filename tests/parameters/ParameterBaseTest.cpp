@@ -4,7 +4,7 @@
 
 #include "ParameterTestSupport.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
-#include "platform/db/OdDbResBufDxfFiler.h"
+#include "platform/db/filers/OdDbResBufDxfFiler.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/ge/OdGePlane.h"

@@ -13,8 +13,8 @@
 #include "parameters/grips/CJbCustBlockVisibilityGrip.h"
 #include "platform/db/DbTestSupport.h"
 #include "platform/db/OdDbAuditInfo.h"
-#include "platform/db/OdDbMemoryDwgFiler.h"
 #include "platform/db/entities/OdDbLine.h"
+#include "platform/db/filers/OdDbMemoryDwgFiler.h"
 #include "platform/dxf/DxfFile.h"
 
 class VisibilityTest : public DbTest {

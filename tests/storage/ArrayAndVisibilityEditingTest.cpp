@@ -8,7 +8,7 @@
 #include "actions/CJbCustBlockArrayAction.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockVisibilityParameter.h"
-#include "platform/db/OdDbIdMapping.h"
+#include "platform/db/cloning/OdDbIdMapping.h"
 #include "platform/db/entities/OdDbArc.h"
 #include "platform/db/entities/OdDbCircle.h"
 #include "platform/db/entities/OdDbLine.h"

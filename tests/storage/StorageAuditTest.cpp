@@ -8,7 +8,7 @@
 #include "StorageTestSupport.h"
 #include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbDictionary.h"
-#include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/db/filers/OdDbMemoryDwgFiler.h"
 #include "platform/dxf/DxfFile.h"
 #include "platform/host/CJbCustBlockConverterUtils.h"
 

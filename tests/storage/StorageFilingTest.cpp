@@ -5,7 +5,7 @@
 #include <string>
 
 #include "StorageTestSupport.h"
-#include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/db/filers/OdDbMemoryDwgFiler.h"
 #include "platform/dxf/DxfFile.h"
 
 namespace {

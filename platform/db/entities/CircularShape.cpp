@@ -1,11 +1,11 @@
 // Circle data shared by circles and arcs.
 #include "platform/db/entities/CircularShape.h"
 
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/entities/EntityFiling.h"
 #include "platform/db/entities/OdDbEllipse.h"
-#include "platform/db/entities/PlanarTransform.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/ge/PlanarTransform.h"
 
 void CircularShape::setRadius(double value, const OdDbObject* owner) {
   if (!(value > 0.0))

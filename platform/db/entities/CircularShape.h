@@ -4,7 +4,7 @@
 #pragma once
 
 #include "platform/db/OdDbEntity.h"
-#include "platform/db/entities/EllipseArc.h"
+#include "platform/ge/EllipseArc.h"
 
 class OdDbDwgFiler;
 class OdDbDxfFiler;

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/OdDbEntity.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/OdGeMatrix3d.h"
 

@@ -1,8 +1,8 @@
 #include "platform/db/entities/OdDb3dPolyline.h"
 
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/entities/EntityFiling.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDb3dPolyline, OdDbEntity, "POLYLINE", "", 0)

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
-#include "platform/db/entities/EllipseArc.h"
 #include "platform/db/entities/EntityFiling.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/ge/EllipseArc.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/rx/OdRxClass.h"
 

@@ -3,14 +3,14 @@
 #include <cmath>
 #include <vector>
 
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
-#include "platform/db/entities/ArcGeometry.h"
-#include "platform/db/entities/EllipseArc.h"
 #include "platform/db/entities/EntityFiling.h"
-#include "platform/db/entities/NurbsCurve.h"
-#include "platform/db/entities/PlanarTransform.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/ge/ArcGeometry.h"
+#include "platform/ge/EllipseArc.h"
+#include "platform/ge/NurbsCurve.h"
 #include "platform/ge/OdGeAngle.h"
+#include "platform/ge/PlanarTransform.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbHatch, OdDbEntity, "HATCH", "", 0)

@@ -1,10 +1,10 @@
 #include "platform/db/entities/OdDbSpline.h"
 
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/entities/EntityFiling.h"
-#include "platform/db/entities/NurbsCurve.h"
-#include "platform/db/entities/PlanarTransform.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/ge/NurbsCurve.h"
+#include "platform/ge/PlanarTransform.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbSpline, OdDbEntity, "SPLINE", "", 0)

@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-#include "platform/db/OdDbDwgFiler.h"
-#include "platform/db/OdDbDxfFiler.h"
 #include "platform/db/entities/EntityFiling.h"
-#include "platform/db/entities/PlanarTransform.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/ge/OdGeAngle.h"
+#include "platform/ge/PlanarTransform.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbText, OdDbEntity, "TEXT", "", 0)

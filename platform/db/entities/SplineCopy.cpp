@@ -1,9 +1,9 @@
 #include "platform/db/entities/SplineCopy.h"
 
 #include "platform/db/entities/EntityFiling.h"
-#include "platform/db/entities/NurbsCurve.h"
 #include "platform/db/entities/OdDbSpline.h"
-#include "platform/db/entities/PlanarTransform.h"
+#include "platform/ge/NurbsCurve.h"
+#include "platform/ge/PlanarTransform.h"
 
 OdResult SplineCopy::ofPath(const OdDbEntity* source, const std::vector<OdGePoint2d>& vertices,
                             const std::vector<double>& bulges, bool closed, double elevation,

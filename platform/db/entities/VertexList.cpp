@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/db/OdDbDwgFiler.h"
+#include "platform/db/filers/OdDbDwgFiler.h"
 
 template <class Vertex>
 VertexList<Vertex>::VertexList() : m_sequenceEnd(OdDbSequenceEnd::createObject()) {}

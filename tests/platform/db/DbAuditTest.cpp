@@ -2,8 +2,8 @@
 // changes anything.
 #include "DbTestSupport.h"
 #include "platform/db/OdDbAuditInfo.h"
-#include "platform/db/OdDbLayerTable.h"
-#include "platform/db/OdDbLayerTableRecord.h"
+#include "platform/db/symtables/OdDbLayerTable.h"
+#include "platform/db/symtables/OdDbLayerTableRecord.h"
 
 namespace {
 class ModifiedCounter : public OdDbObjectReactor {

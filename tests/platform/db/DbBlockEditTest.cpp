@@ -1,8 +1,8 @@
 // Editing blocks: erase cascades and what reactors hear of them, reference lists with erased
 // references, iteration both ways, and attributes placed under turned and mirrored references.
 #include "DbTestSupport.h"
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
 
 namespace {
 class EraseLog : public OdStaticRxObject<OdDbObjectReactor> {

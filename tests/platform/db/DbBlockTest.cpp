@@ -1,8 +1,8 @@
 #include <cmath>
 
 #include "DbTestSupport.h"
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
 
 class DbBlocks : public DbTest {
  protected:

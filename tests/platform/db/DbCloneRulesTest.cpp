@@ -1,8 +1,8 @@
 // Clone rules: deferred translation across several clone calls, the duplicate-record rules of
 // wblock clone, and anonymous names given to clones.
 #include "DbTestSupport.h"
-#include "platform/db/OdDbLayerTable.h"
-#include "platform/db/OdDbLayerTableRecord.h"
+#include "platform/db/symtables/OdDbLayerTable.h"
+#include "platform/db/symtables/OdDbLayerTableRecord.h"
 
 // Two blocks; an xrecord in the second block's first entity's extension dictionary points at an
 // entity of the first block.

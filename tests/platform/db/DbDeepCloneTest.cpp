@@ -2,10 +2,10 @@
 #include <vector>
 
 #include "DbTestSupport.h"
-#include "platform/db/OdDbIdMapping.h"
-#include "platform/db/OdDbLayerTable.h"
-#include "platform/db/OdDbLayerTableRecord.h"
 #include "platform/db/OdRxEvent.h"
+#include "platform/db/cloning/OdDbIdMapping.h"
+#include "platform/db/symtables/OdDbLayerTable.h"
+#include "platform/db/symtables/OdDbLayerTableRecord.h"
 
 namespace {
 // Logs the clone notices and, like a block-copying module, renames the cloned block to "*U"

@@ -1,5 +1,5 @@
 #include "DbTestSupport.h"
-#include "platform/db/OdDbRegAppTable.h"
+#include "platform/db/symtables/OdDbRegAppTable.h"
 
 class DbDictionaries : public DbTest {
  protected:

@@ -1,10 +1,10 @@
 // DXF filing of records, references, attributes and xrecords through the in-memory DXF filer:
 // the exact items written, and reading them back gives an object that files the same items.
 #include "DbTestSupport.h"
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbAttributeDefinition.h"
-#include "platform/db/OdDbLayerTable.h"
-#include "platform/db/OdDbLayerTableRecord.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
+#include "platform/db/symtables/OdDbLayerTable.h"
+#include "platform/db/symtables/OdDbLayerTableRecord.h"
 
 using Tags = std::vector<std::string>;
 

@@ -1,6 +1,6 @@
 #include "DbTestSupport.h"
-#include "platform/db/OdDbMemoryDwgFiler.h"
-#include "platform/db/OdDbResBufDxfFiler.h"
+#include "platform/db/filers/OdDbMemoryDwgFiler.h"
+#include "platform/db/filers/OdDbResBufDxfFiler.h"
 #include "platform/ge/OdGeScale3d.h"
 #include "platform/ge/OdGeVector2d.h"
 

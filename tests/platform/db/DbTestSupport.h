@@ -10,16 +10,16 @@
 #include <string>
 #include <vector>
 
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTable.h"
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/OdDbDictionary.h"
-#include "platform/db/OdDbIdMapping.h"
-#include "platform/db/OdDbResBufDxfFiler.h"
 #include "platform/db/OdDbXrecord.h"
 #include "platform/db/OdRxEvent.h"
 #include "platform/db/OdRxEventReactor.h"
+#include "platform/db/cloning/OdDbIdMapping.h"
+#include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/filers/OdDbResBufDxfFiler.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/resbuf/OdDxfCode.h"
 
 // Runs statement and checks that it fails with code.

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/db/OdDbAuditInfo.h"
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/entities/OdDbLine.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/dxf/DxfFile.h"
 #include "platform/dxf/DxfTagReader.h"
 #include "tests/platform/db/DbTestSupport.h"

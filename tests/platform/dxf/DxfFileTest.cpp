@@ -8,13 +8,13 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbAttributeDefinition.h"
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTable.h"
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbXrecord.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
+#include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/entities/OdDbLine.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/dxf/DxfFile.h"
 #include "support/ExternalDxfReader.h"
 #include "tests/platform/db/DbTestSupport.h"

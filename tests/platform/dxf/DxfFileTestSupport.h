@@ -4,11 +4,11 @@
 #include <map>
 #include <string>
 
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdDbSymbolTable.h"
-#include "platform/db/OdDbUnknownEntity.h"
 #include "platform/db/OdDbUnknownObject.h"
+#include "platform/db/entities/OdDbUnknownEntity.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/db/symtables/OdDbSymbolTable.h"
 #include "platform/rx/OdRxClass.h"
 
 // Per handle: the class (unknown records by their record name) and the owner's handle; per block

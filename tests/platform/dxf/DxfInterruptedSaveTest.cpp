@@ -12,8 +12,8 @@
 #include <random>
 #include <thread>
 
-#include "platform/db/OdDbBlockTableRecord.h"
 #include "platform/db/entities/OdDbLine.h"
+#include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/dxf/DxfFile.h"
 
 namespace fs = std::filesystem;

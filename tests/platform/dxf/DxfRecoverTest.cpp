@@ -4,11 +4,11 @@
 
 #include <set>
 
-#include "platform/db/OdDbBlockReference.h"
-#include "platform/db/OdDbBlockTable.h"
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbXrecord.h"
+#include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/entities/OdDbLine.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/dxf/DxfFile.h"
 #include "tests/platform/db/DbTestSupport.h"
 

@@ -5,8 +5,8 @@
 
 #include <cmath>
 
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
 #include "tests/platform/db/entities/EntityTestSupport.h"
 
 namespace {

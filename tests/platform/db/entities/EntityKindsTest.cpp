@@ -2,7 +2,7 @@
 // its fields, translation, stretching of all points and refusal of singular matrices.
 #include <gtest/gtest.h>
 
-#include "platform/db/OdDbMemoryDwgFiler.h"
+#include "platform/db/filers/OdDbMemoryDwgFiler.h"
 #include "platform/rx/OdRxClass.h"
 #include "tests/platform/db/entities/EntitySamples.h"
 #include "tests/platform/db/entities/EntityTestSupport.h"

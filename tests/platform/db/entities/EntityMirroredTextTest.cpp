@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbAttributeDefinition.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
 #include "platform/db/entities/OdDbMText.h"
 #include "platform/ge/OdGePlane.h"
 #include "tests/platform/db/entities/EntityTestSupport.h"

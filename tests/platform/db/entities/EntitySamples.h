@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/db/OdDbAttribute.h"
-#include "platform/db/OdDbAttributeDefinition.h"
 #include "platform/db/entities/OdDb2dPolyline.h"
 #include "platform/db/entities/OdDb3dPolyline.h"
 #include "platform/db/entities/OdDbArc.h"
+#include "platform/db/entities/OdDbAttribute.h"
+#include "platform/db/entities/OdDbAttributeDefinition.h"
 #include "platform/db/entities/OdDbCircle.h"
 #include "platform/db/entities/OdDbEllipse.h"
 #include "platform/db/entities/OdDbHatch.h"

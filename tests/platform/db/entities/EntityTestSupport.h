@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/db/OdDbEntity.h"
-#include "platform/db/OdDbResBufDxfFiler.h"
+#include "platform/db/filers/OdDbResBufDxfFiler.h"
 #include "platform/ge/GeExpect.h"
 #include "platform/resbuf/OdResBuf.h"
 
