@@ -14,11 +14,11 @@
 
 #include "JbcbProcess.h"
 #include "cli/DrawingFile.h"
-#include "cli/ModuleLoading.h"
 #include "cli/blocks/CustomBlockAuthor.h"
 #include "cli/blocks/DoorDemoBlock.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/host/CJbCustBlocksModuleLoader.h"
 
 class CustomBlockEdit : public ::testing::Test {
  protected:
@@ -142,7 +142,7 @@ class CustomBlockBatch : public ::testing::Test {
 
   static void SetUpTestSuite() {
     folder = new QTemporaryDir;
-    ASSERT_TRUE(loadCustomizableBlocksModule(JBCB_BIN_DIR));
+    ASSERT_TRUE(CJbCustBlocksModuleLoader::Load(JBCB_BIN_DIR));
     const OdDbDatabasePtr database = OdDbDatabase::createObject();
     CustomBlockAuthor author(database.get(), "Door");
     DoorDemoBlock().author(author);

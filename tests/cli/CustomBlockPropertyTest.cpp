@@ -5,12 +5,12 @@
 
 #include <cmath>
 
-#include "cli/ModuleLoading.h"
 #include "cli/blocks/CustomBlockAuthor.h"
 #include "cli/blocks/CustomBlockProperty.h"
 #include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"
+#include "platform/host/CJbCustBlocksModuleLoader.h"
 
 namespace {
 constexpr double kPi = 3.14159265358979323846;
@@ -21,7 +21,7 @@ double radians(double degrees) {
 
 class CustomBlockPropertyText : public ::testing::Test {
  protected:
-  static void SetUpTestSuite() { ASSERT_TRUE(loadCustomizableBlocksModule(JBCB_BIN_DIR)); }
+  static void SetUpTestSuite() { ASSERT_TRUE(CJbCustBlocksModuleLoader::Load(JBCB_BIN_DIR)); }
 
   void SetUp() override {
     database = OdDbDatabase::createObject();
