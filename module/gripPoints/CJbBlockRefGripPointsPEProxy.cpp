@@ -1,5 +1,7 @@
 #include "module/gripPoints/CJbBlockRefGripPointsPEProxy.h"
 
+#include "parameters/CJbCustBlockLookupParameter.h"
+#include "parameters/CJbCustBlockVisibilityParameter.h"
 #include "parameters/grips/CJbCustBlockAlignmentGrip.h"
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
 #include "parameters/grips/CJbCustBlockLookupGrip.h"
@@ -32,6 +34,23 @@ bool click(CJbCustBlockGrip& grip, int state) {
   } else {
     return false;
   }
+  return true;
+}
+
+// The state names of the visibility or lookup parameter a grip drives, with `current` set from
+// the grip; empty for grips of other parameters.
+template <class Parameter, class Grip>
+bool stateNames(const CJbDbCustBlockGraph& graph, const CJbCustBlockGrip& grip,
+                OdArray<OdString>& names, int& current) {
+  const OdSmartPtr<Grip> typed = Grip::cast(&grip);
+  if (typed.isNull()) return false;
+  unsigned point = 0;
+  const OdSmartPtr<Parameter> parameter =
+      Parameter::cast(graph.GetNode(grip.GetParameter(&point)).get());
+  if (parameter.isNull()) return false;
+  for (unsigned state = 0; state < parameter->GetStateCount(); ++state)
+    names.append(parameter->GetStateName(state));
+  current = static_cast<int>(typed->GetState());
   return true;
 }
 }  // namespace
@@ -67,4 +86,22 @@ bool CJbBlockRefGripPointsPEProxy::ClickGrip(const OdDbObjectId& entity, unsigne
   if (graph.isNull()) return false;
   const OdArray<CJbCustBlockGripPtr> grips = visibleGrips(graph.get());
   return index < grips.length() && click(*grips[index], state) && helper.Commit();
+}
+
+OdArray<OdString> CJbBlockRefGripPointsPEProxy::GetGripStates(const OdDbEntity* entity,
+                                                              unsigned index, int& current) const {
+  current = -1;
+  OdArray<OdString> names;
+  const OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(entity);
+  if (reference.isNull()) return names;
+  CJbCustBlockEditorHelper helper(reference->objectId());
+  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForRead);
+  if (graph.isNull()) return names;
+  const OdArray<CJbCustBlockGripPtr> grips = visibleGrips(graph.get());
+  if (index >= grips.length()) return names;
+  const CJbCustBlockGrip& grip = *grips[index];
+  if (!stateNames<CJbCustBlockVisibilityParameter, CJbCustBlockVisibilityGrip>(*graph, grip, names,
+                                                                               current))
+    stateNames<CJbCustBlockLookupParameter, CJbCustBlockLookupGrip>(*graph, grip, names, current);
+  return names;
 }
