@@ -21,16 +21,21 @@ OdArray<CJbCustBlockGripPtr> visibleGrips(const CJbDbCustBlockGraph* graph) {
 }
 
 // Sets the state `state` asks of a clicked grip; false for a grip that is dragged.
-bool click(CJbCustBlockGrip& grip, int state) {
+bool click(const CJbDbCustBlockGraph& graph, CJbCustBlockGrip& grip, int state) {
   if (const auto flip = CJbCustBlockFlipGrip::cast(&grip)) {
     flip->SetFlipped(!flip->IsFlipped());
   } else if (const auto lookup = CJbCustBlockLookupGrip::cast(&grip)) {
     lookup->SetState(state);
   } else if (const auto alignment = CJbCustBlockAlignmentGrip::cast(&grip)) {
     alignment->SetState(state);
-  } else if (const auto visibility = CJbCustBlockVisibilityGrip::cast(&grip)) {
-    if (state < 0) return false;
-    visibility->SetState(static_cast<unsigned>(state));
+  } else if (CJbCustBlockVisibilityGrip::cast(&grip)) {
+    // A visibility grip's own request never asks for an evaluation: the state goes to its
+    // parameter as its value, as a typed state would.
+    unsigned point = 0;
+    const CJbCustBlockParameterPtr parameter =
+        CJbCustBlockParameter::cast(graph.GetNode(grip.GetParameter(&point)).get());
+    return state >= 0 && !parameter.isNull() &&
+           parameter->SetValue(0, OdResBuf::newRb(OdResBuf::kRtInt32, state));
   } else {
     return false;
   }
@@ -85,7 +90,7 @@ bool CJbBlockRefGripPointsPEProxy::ClickGrip(const OdDbObjectId& entity, unsigne
   const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
   if (graph.isNull()) return false;
   const OdArray<CJbCustBlockGripPtr> grips = visibleGrips(graph.get());
-  return index < grips.length() && click(*grips[index], state) && helper.Commit();
+  return index < grips.length() && click(*graph, *grips[index], state) && helper.Commit();
 }
 
 OdArray<OdString> CJbBlockRefGripPointsPEProxy::GetGripStates(const OdDbEntity* entity,
