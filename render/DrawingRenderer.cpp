@@ -27,17 +27,22 @@ namespace {
 // Deeper nesting than this is taken for a malformed drawing.
 constexpr std::size_t kMaxNesting = 64;
 
+// Outlines are taken at a large size so that hinting does not distort them when scaled.
+QFont outlineFont(QFont font) {
+  font.setPixelSize(200);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
 QColor fromRgb(std::uint32_t rgb) {
   return QColor((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF);
 }
 }  // namespace
 
 DrawingRenderer::DrawingRenderer(OdDbDatabase* database, const QColor& background)
-    : m_database(database), m_background(background), m_font(QStringLiteral("DejaVu Sans")) {
-  // Outlines are taken at a large size so that hinting does not distort them when scaled.
-  m_font.setPixelSize(200);
-  m_font.setHintingPreference(QFont::PreferNoHinting);
-}
+    : m_database(database),
+      m_background(background),
+      m_texts(outlineFont(QFont(QStringLiteral("DejaVu Sans")))) {}
 
 OdGeExtents3d DrawingRenderer::extents(const OdDbObjectId& blockId) const {
   OdGeExtents3d result;
@@ -258,7 +263,7 @@ void DrawingRenderer::drawEntity(QPainter& painter, const OdDbEntity* entity,
     painter.drawPoint(m_view.map(paths.map(point->position())));
     return;
   }
-  const TextPathBuilder texts(m_font);
+  const TextPathBuilder& texts = m_texts;
   // Attributes are texts too: they are told apart first.
   if (auto attribute = OdDbAttributeBase::cast(entity); !attribute.isNull()) {
     // Definitions show their tag at the top; inside a reference only constant ones show.

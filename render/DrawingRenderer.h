@@ -14,6 +14,7 @@
 #include "platform/ge/OdGeExtents3d.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/ge/OdGePoint3d.h"
+#include "render/TextPathBuilder.h"
 
 class OdDbBlockReference;
 class OdDbDatabase;
@@ -86,7 +87,7 @@ class DrawingRenderer {
 
   OdDbDatabase* m_database;
   QColor m_background;
-  QFont m_font;
+  TextPathBuilder m_texts;  // one for every text drawn, keeping the outlines it took
   std::vector<Marker> m_markers;
   // Set per render: world to device and the chord tolerance in world units.
   mutable QTransform m_view;
