@@ -65,6 +65,14 @@ void PropertyPalette::scheduleRefresh() {
 
 void PropertyPalette::refresh() {
   m_refreshPending = false;
+  // The tree deletes old editors later, in a posted event; until then they must not commit (a
+  // spin box that loses the focus says it finished editing).
+  for (QWidget* editor : m_editors) {
+    if (!editor) continue;
+    editor->disconnect(this);
+    editor->setObjectName(QString());
+  }
+  m_editors.clear();
   m_tree->clear();
   m_sources.clear();
   const std::size_t selected = m_document ? m_document->selection().size() : 0;
@@ -100,6 +108,7 @@ QWidget* PropertyPalette::editorFor(PropertySource& source, const Property& prop
   else
     editor = textEditor(source, property, *value);
   editor->setObjectName(toQString(property.name));
+  m_editors.push_back(editor);
   return editor;
 }
 

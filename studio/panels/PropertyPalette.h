@@ -5,6 +5,7 @@
 // back, with a message that says so. Editors are named after their property.
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <memory>
 #include <vector>
@@ -47,5 +48,6 @@ class PropertyPalette : public QWidget {
   QTreeWidget* m_tree;
   QLabel* m_summary;
   std::vector<std::unique_ptr<PropertySource>> m_sources;
+  std::vector<QPointer<QWidget>> m_editors;
   bool m_refreshPending = false;
 };
