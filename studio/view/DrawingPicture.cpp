@@ -80,6 +80,17 @@ const QImage& DrawingPicture::update(const QTransform& view, const QSize& size) 
   return m_image;
 }
 
+const QImage& DrawingPicture::preview(const QTransform& view, const QSize& size) {
+  if (!m_valid || m_image.size() != size) return update(view, size);
+  if (m_spare.size() != size) m_spare = QImage(size, m_image.format());
+  m_spare.fill(m_background);
+  QPainter painter(&m_spare);
+  // From the last picture's pixels through the world to the new view's.
+  painter.setTransform(m_view.inverted() * view);
+  painter.drawImage(0, 0, m_image);
+  return m_spare;
+}
+
 void DrawingPicture::draw(const QRegion& region) {
   const QTransform toWorld = m_view.inverted();
   QPainter painter(&m_image);

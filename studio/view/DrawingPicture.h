@@ -22,6 +22,9 @@ class DrawingPicture {
 
   // The picture under world-to-device `view` at `size`, brought up to date.
   const QImage& update(const QTransform& view, const QSize& size);
+  // The last picture moved and scaled to `view`, drawing nothing afresh: what a view shows while
+  // the wheel turns, before it settles and draws the picture at the new scale.
+  const QImage& preview(const QTransform& view, const QSize& size);
   // Everything is drawn again at the next update.
   void invalidate();
   // What lies in `world` (XY, least y on top) is drawn again at the next update.

@@ -38,6 +38,12 @@ DrawingView::DrawingView(DrawingDocument* document, CommandSession* session, QWi
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMinimumSize(200, 150);
+  m_zoomSettle.setSingleShot(true);
+  m_zoomSettle.setInterval(kZoomSettleMilliseconds);
+  connect(&m_zoomSettle, &QTimer::timeout, this, [this]() {
+    m_zooming = false;
+    update();
+  });
   m_index.build(document->space());
   connect(document, &DrawingDocument::changed, this, &DrawingView::onChanged);
   connect(document, &DrawingDocument::edited, this, &DrawingView::onChanged);
@@ -50,6 +56,8 @@ DrawingView::~DrawingView() = default;
 void DrawingView::setViewTransform(const QTransform& view) {
   m_view = view;
   m_fitted = true;
+  m_zooming = false;
+  m_zoomSettle.stop();
   update();
 }
 
@@ -109,7 +117,8 @@ void DrawingView::resizeEvent(QResizeEvent*) {
 void DrawingView::paintEvent(QPaintEvent*) {
   if (!m_fitted) zoomExtents();
   QPainter painter(this);
-  painter.drawImage(0, 0, m_picture.update(m_view, size()));
+  painter.drawImage(
+      0, 0, m_zooming ? m_picture.preview(m_view, size()) : m_picture.update(m_view, size()));
   drawSelection(painter);
   drawPreview(painter);
   std::vector<DrawingRenderer::Marker> markers;
@@ -305,6 +314,8 @@ void DrawingView::wheelEvent(QWheelEvent* event) {
   setViewTransform(m_view * QTransform::fromTranslate(-at.x(), -at.y()) *
                    QTransform::fromScale(factor, factor) *
                    QTransform::fromTranslate(at.x(), at.y()));
+  m_zooming = true;
+  m_zoomSettle.start();
 }
 
 void DrawingView::keyPressEvent(QKeyEvent* event) {

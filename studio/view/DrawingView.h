@@ -5,6 +5,7 @@
 // command waits for an answer, a left click answers with the point under the cursor.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <memory>
 #include <optional>
@@ -41,6 +42,8 @@ class DrawingView : public QWidget {
   static QColor background() { return Qt::black; }
   // Pixels from a grip's centre that still take it.
   static constexpr int kGripReach = 7;
+  // The pause after the last turn of the wheel before the picture is drawn at the new scale.
+  static constexpr int kZoomSettleMilliseconds = 150;
 
  signals:
   void cursorMoved(const OdGePoint3d& world);
@@ -88,6 +91,9 @@ class DrawingView : public QWidget {
   EntityHighlight m_previewHighlight;
   QTransform m_view;
   bool m_fitted = false;  // shown whole once it had a size
+  // While the wheel turns, the last picture is shown scaled; it is drawn afresh once it stops.
+  bool m_zooming = false;
+  QTimer m_zoomSettle;
 
   std::vector<EntityGrip> m_grips;
   Mode m_mode = Mode::kIdle;

@@ -75,9 +75,15 @@ TEST_F(DrawingPictureTest, APanScrollsAndDrawsTheUncoveredStripsAsAWholePictureW
     const QImage panned = picture.update(view, QSize(kWidth, kHeight));
     EXPECT_EQ(differences(panned, whole(view)), 0) << step.x() << "," << step.y();
   }
-  // A zoom is no pan: drawn whole again.
-  view = view * QTransform::fromScale(1.3, 1.3);
-  EXPECT_EQ(differences(picture.update(view, QSize(kWidth, kHeight)), whole(view)), 0);
+  // A zoom is no pan: drawn whole again; its preview is the last picture scaled about the
+  // picture's corner, drawn afresh nowhere.
+  const QImage last = picture.update(view, QSize(kWidth, kHeight)).copy();
+  const QTransform closer = view * QTransform::fromScale(2, 2);
+  const QImage preview = picture.preview(closer, QSize(kWidth, kHeight));
+  for (int y = 0; y < kHeight / 2; y += 7)
+    for (int x = 0; x < kWidth / 2; x += 5)
+      ASSERT_EQ(qGray(preview.pixel(2 * x, 2 * y)), qGray(last.pixel(x, y))) << x << "," << y;
+  EXPECT_EQ(differences(picture.update(closer, QSize(kWidth, kHeight)), whole(closer)), 0);
 }
 
 TEST_F(DrawingPictureTest, AnEditDrawsItsRegionAgainAndAnExcludedEntityLeavesNoInk) {
