@@ -7,14 +7,12 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
+#include "ModuleBenchmarkMain.h"
 #include "cli/DrawingFile.h"
 #include "cli/blocks/CustomBlockAuthor.h"
 #include "cli/blocks/DoorDemoBlock.h"
-#include "platform/OdPlatform.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
-#include "platform/host/CJbCustBlocksModuleLoader.h"
-#include "platform/host/OdQStringConversion.h"
 
 namespace {
 constexpr int kDoors = 10000;
@@ -66,12 +64,5 @@ BENCHMARK(BM_Demo)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealTime();
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  odInitialize();
-  if (!CJbCustBlocksModuleLoader::Load(fromQString(QCoreApplication::applicationDirPath())))
-    return 1;
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  odUninitialize();
-  return 0;
+  return runBenchmarksWithModule(argc, argv);
 }

@@ -15,7 +15,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "platform/OdPlatform.h"
+#include "ModuleBenchmarkMain.h"
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/entities/OdDbArc.h"
 #include "platform/db/entities/OdDbBlockReference.h"
@@ -25,8 +25,6 @@
 #include "platform/db/entities/OdDbText.h"
 #include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
-#include "platform/host/CJbCustBlocksModuleLoader.h"
-#include "platform/host/OdQStringConversion.h"
 #include "studio/document/CommandSession.h"
 #include "studio/document/DrawingDocument.h"
 #include "studio/view/DrawingView.h"
@@ -39,6 +37,54 @@ template <class T>
 void append(OdDbBlockTableRecord* block, OdSmartPtr<T>& entity) {
   block->appendOdDbEntity(entity.get());
   entity.release();
+}
+
+// Entity i of the large drawing, in its cell at `at`: half of them lines, then arcs, circles,
+// polylines with a bulge, short texts and references of the symbol block.
+OdDbEntityPtr sheetEntity(int i, const OdGePoint3d& at, const OdDbObjectId& symbol) {
+  const int kind = i % 20;
+  const OdGePoint3d middle = at + OdGeVector3d(12, 12, 0);
+  if (kind < 10) {
+    OdDbLinePtr line = OdDbLine::createObject();
+    line->setStartPoint(at);
+    line->setEndPoint(at + OdGeVector3d(20, 5 + i % 15, 0));
+    return line;
+  }
+  if (kind < 13) {
+    OdDbArcPtr arc = OdDbArc::createObject();
+    arc->setCenter(middle);
+    arc->setRadius(10);
+    arc->setStartAngle(0.3);
+    arc->setEndAngle(2.8);
+    return arc;
+  }
+  if (kind < 16) {
+    OdDbCirclePtr circle = OdDbCircle::createObject();
+    circle->setCenter(middle);
+    circle->setRadius(4 + i % 8);
+    return circle;
+  }
+  if (kind < 18) {
+    OdDbPolylinePtr polyline = OdDbPolyline::createObject();
+    polyline->addVertexAt(0, OdGePoint2d(at.x, at.y));
+    polyline->addVertexAt(1, OdGePoint2d(at.x + 20, at.y), 0.4);
+    polyline->addVertexAt(2, OdGePoint2d(at.x + 20, at.y + 20));
+    polyline->addVertexAt(3, OdGePoint2d(at.x, at.y + 20));
+    polyline->setClosed(true);
+    return polyline;
+  }
+  if (kind < 19) {
+    OdDbTextPtr text = OdDbText::createObject();
+    text->setPosition(at);
+    text->setHeight(6);
+    text->setTextString("A-12");
+    return text;
+  }
+  OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
+  reference->setBlockTableRecord(symbol);
+  reference->setPosition(at);
+  reference->setRotation(0.1 * (i % 7));
+  return reference;
 }
 
 // 100,000 entities on a 10 by 10 metre sheet, in cells of 30 units: lines, arcs, circles,
@@ -66,71 +112,9 @@ OdDbDatabasePtr largeDrawing() {
   constexpr int kPerRow = 316;
   constexpr double kCell = 30;
   for (int i = 0; i < kEntities; ++i) {
-    const OdGePoint3d at(kCell * (i % kPerRow), kCell * (i / kPerRow), 0);
-    switch (i % 20) {
-      case 0:
-      case 1:
-      case 2:
-      case 3:
-      case 4:
-      case 5:
-      case 6:
-      case 7:
-      case 8:
-      case 9: {
-        OdDbLinePtr line = OdDbLine::createObject();
-        line->setStartPoint(at);
-        line->setEndPoint(at + OdGeVector3d(20, 5 + i % 15, 0));
-        append(model.get(), line);
-        break;
-      }
-      case 10:
-      case 11:
-      case 12: {
-        OdDbArcPtr arc = OdDbArc::createObject();
-        arc->setCenter(at + OdGeVector3d(12, 12, 0));
-        arc->setRadius(10);
-        arc->setStartAngle(0.3);
-        arc->setEndAngle(2.8);
-        append(model.get(), arc);
-        break;
-      }
-      case 13:
-      case 14:
-      case 15: {
-        OdDbCirclePtr circle = OdDbCircle::createObject();
-        circle->setCenter(at + OdGeVector3d(12, 12, 0));
-        circle->setRadius(4 + i % 8);
-        append(model.get(), circle);
-        break;
-      }
-      case 16:
-      case 17: {
-        OdDbPolylinePtr polyline = OdDbPolyline::createObject();
-        polyline->addVertexAt(0, OdGePoint2d(at.x, at.y));
-        polyline->addVertexAt(1, OdGePoint2d(at.x + 20, at.y), 0.4);
-        polyline->addVertexAt(2, OdGePoint2d(at.x + 20, at.y + 20));
-        polyline->addVertexAt(3, OdGePoint2d(at.x, at.y + 20));
-        polyline->setClosed(true);
-        append(model.get(), polyline);
-        break;
-      }
-      case 18: {
-        OdDbTextPtr text = OdDbText::createObject();
-        text->setPosition(at);
-        text->setHeight(6);
-        text->setTextString("A-12");
-        append(model.get(), text);
-        break;
-      }
-      default: {
-        OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
-        reference->setBlockTableRecord(symbol);
-        reference->setPosition(at);
-        reference->setRotation(0.1 * (i % 7));
-        append(model.get(), reference);
-      }
-    }
+    OdDbEntityPtr entity =
+        sheetEntity(i, OdGePoint3d(kCell * (i % kPerRow), kCell * (i / kPerRow), 0), symbol);
+    append(model.get(), entity);
   }
   return database;
 }
@@ -176,6 +160,14 @@ Frames& large() {
   return *g_large;
 }
 
+// The large drawing shown whole, its picture drawn.
+Frames& largeShownWhole() {
+  Frames& frames = large();
+  frames.view().zoomExtents();
+  frames.paint();
+  return frames;
+}
+
 // What a drawing's first frame costs once it is read: its entities indexed, then drawn whole.
 void BM_FirstFrame(benchmark::State& state) {
   Frames& frames = large();
@@ -189,9 +181,7 @@ BENCHMARK(BM_FirstFrame)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealT
 
 // The middle button held and moved a few pixels per frame, back and forth.
 void BM_RedrawPan(benchmark::State& state) {
-  Frames& frames = large();
-  frames.view().zoomExtents();
-  frames.paint();
+  Frames& frames = largeShownWhole();
   QPoint at(800, 500);
   frames.send(QEvent::MouseButtonPress, at, Qt::MiddleButton);
   int step = 0;
@@ -207,9 +197,7 @@ BENCHMARK(BM_RedrawPan)->Unit(benchmark::kMillisecond)->Iterations(200)->UseReal
 // The wheel turned a notch in, then out, about a point of the drawing: while it turns, each
 // frame shows the last picture scaled.
 void BM_RedrawWheel(benchmark::State& state) {
-  Frames& frames = large();
-  frames.view().zoomExtents();
-  frames.paint();
+  Frames& frames = largeShownWhole();
   int turn = 0;
   for (auto _ : state) {
     frames.wheel(QPoint(600, 400), turn++ % 2 ? -120 : 120);
@@ -236,9 +224,7 @@ BENCHMARK(BM_RedrawRescaled)->Unit(benchmark::kMillisecond)->Iterations(10)->Use
 
 // A line lengthened and shortened again: the region it covers is drawn again.
 void BM_RedrawEdit(benchmark::State& state) {
-  Frames& frames = large();
-  frames.view().zoomExtents();
-  frames.paint();
+  Frames& frames = largeShownWhole();
   const OdDbObjectId line =
       OdDbBlockTableRecordPtr(frames.document().database()->getModelSpaceId().safeOpenObject())
           ->newIterator()
@@ -287,13 +273,5 @@ BENCHMARK(BM_GripDrag)->Unit(benchmark::kMillisecond)->Iterations(300)->UseRealT
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(argc, argv);
-  odInitialize();
-  if (!CJbCustBlocksModuleLoader::Load(fromQString(QCoreApplication::applicationDirPath())))
-    return 1;
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  g_large.reset();
-  odUninitialize();
-  return 0;
+  return runBenchmarksWithModule(argc, argv, []() { g_large.reset(); });
 }

@@ -20,6 +20,15 @@ OdArray<CJbCustBlockGripPtr> visibleGrips(const CJbDbCustBlockGraph* graph) {
   return grips;
 }
 
+// The graph of a customizable block reference loaded with its state, to read; null for another
+// entity.
+CJbDbCustBlockGraphPtr graphToRead(const OdDbEntity* entity) {
+  const OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(entity);
+  if (reference.isNull()) return CJbDbCustBlockGraphPtr();
+  CJbCustBlockEditorHelper helper(reference->objectId());
+  return helper.GetGraph(OdDb::kForRead);
+}
+
 // Sets the state `state` asks of a clicked grip; false for a grip that is dragged.
 bool click(const CJbDbCustBlockGraph& graph, CJbCustBlockGrip& grip, int state) {
   if (const auto flip = CJbCustBlockFlipGrip::cast(&grip)) {
@@ -63,12 +72,9 @@ bool stateNames(const CJbDbCustBlockGraph& graph, const CJbCustBlockGrip& grip,
 OdArray<CJbGripPointsPE::Grip> CJbBlockRefGripPointsPEProxy::GetGrips(
     const OdDbEntity* entity) const {
   OdArray<Grip> result;
-  const OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(entity);
-  if (reference.isNull()) return result;
-  CJbCustBlockEditorHelper helper(reference->objectId());
-  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForRead);
+  const CJbDbCustBlockGraphPtr graph = graphToRead(entity);
   if (graph.isNull()) return result;
-  const OdGeMatrix3d toDrawing = reference->blockTransform();
+  const OdGeMatrix3d toDrawing = OdDbBlockReference::cast(entity)->blockTransform();
   for (const CJbCustBlockGripPtr& grip : visibleGrips(graph.get()))
     result.append(Grip{toDrawing * grip->GetDisplayPosition(), grip->GetType(), grip->GetName()});
   return result;
@@ -97,10 +103,7 @@ OdArray<OdString> CJbBlockRefGripPointsPEProxy::GetGripStates(const OdDbEntity* 
                                                               unsigned index, int& current) const {
   current = -1;
   OdArray<OdString> names;
-  const OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(entity);
-  if (reference.isNull()) return names;
-  CJbCustBlockEditorHelper helper(reference->objectId());
-  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForRead);
+  const CJbDbCustBlockGraphPtr graph = graphToRead(entity);
   if (graph.isNull()) return names;
   const OdArray<CJbCustBlockGripPtr> grips = visibleGrips(graph.get());
   if (index >= grips.length()) return names;

@@ -12,11 +12,12 @@ class LayerPanel : public QWidget {
   Q_OBJECT
 
  public:
-  explicit LayerPanel(QWidget* parent = nullptr);
-  void setDocument(DrawingDocument* document);
-
   // The columns of a layer's row.
   enum Column { kName = 0, kOn = 1, kFrozen = 2 };
+
+  explicit LayerPanel(QWidget* parent = nullptr);
+  // Lists the layers of `document`; none leaves the list empty.
+  void setDocument(DrawingDocument* document);
 
  private:
   void refresh();

@@ -11,31 +11,26 @@
 
 #include "platform/host/CJbCustBlocksModuleLoader.h"
 #include "platform/rx/OdRxDynamicLinker.h"
+#include "support/gui/ApplicationEnvironment.h"
 
 namespace {
-// Widgets need an application; the tests need no screen. Settings (recent files) go to a folder
-// of the test run, not the user's.
 // Notes of the offscreen platform about what it cannot do are noise in a test log.
 void quietQtNotes(QtMsgType type, const QMessageLogContext&, const QString& message) {
   if (type != QtDebugMsg && type != QtInfoMsg && !message.startsWith("This plugin does not"))
     std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
 }
 
-class WidgetEnvironment : public ::testing::Environment {
+// Widgets on the offscreen platform; settings (recent files) in a folder of the test run, not
+// the user's.
+class WidgetEnvironment : public ApplicationEnvironment<QApplication> {
  public:
   void SetUp() override {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    ApplicationEnvironment::SetUp();
     qInstallMessageHandler(quietQtNotes);
-    m_application = new QApplication(m_argc, m_argv);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_settings.path());
   }
-  void TearDown() override { delete m_application; }
 
  private:
-  int m_argc = 1;
-  char m_name[13] = "studio_tests";
-  char* m_argv[2] = {m_name, nullptr};
-  QApplication* m_application = nullptr;
   QTemporaryDir m_settings;
 };
 
