@@ -2,6 +2,7 @@
 // typed lines would: answers queue behind their command, a click in the view answers a point
 // question, Escape cancels, and a failing command drops the rest of its script.
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QTimer>
 #include <QtTest/QTest>
@@ -33,7 +34,12 @@ class CommandLine : public StudioTest {
 };
 
 TEST_F(CommandLine, AScriptOfLinesRunsCommandsWithTheirAnswers) {
-  session->submit("CBELEMENT\nDoor\nLINEAR\n_CBACTIVITY\nDoor\nLinear2");
+  // Pasted into the command line at once, as a script is.
+  QApplication::clipboard()->setText("CBELEMENT\nDoor\nLINEAR\n_CBACTIVITY\nDoor\nLinear2");
+  QLineEdit* input = window->commandLine()->findChild<QLineEdit*>("commandInput");
+  ASSERT_NE(input, nullptr);
+  QTest::keyClick(input, Qt::Key_V, Qt::ControlModifier);
+  QTest::keyClick(input, Qt::Key_Return);
   EXPECT_TRUE(said("Added Linear2.")) << output.join('\n').toStdString();
   EXPECT_TRUE(said("Linear2 drives no activity.")) << output.join('\n').toStdString();
   EXPECT_TRUE(document->isModified());
