@@ -96,11 +96,13 @@ void DrawingView::onChanged(const std::vector<OdDbObjectId>& entities) {
     if (m_index.extentsOf(id, after)) m_picture.invalidate(after);
   }
   m_grips = EntityGrips::of(m_document->selection());
+  m_selectionShown = false;
   update();
 }
 
 void DrawingView::onSelectionChanged() {
   m_grips = EntityGrips::of(m_document->selection());
+  m_selectionShown = false;
   update();
 }
 
@@ -131,6 +133,14 @@ void DrawingView::paintEvent(QPaintEvent*) {
 }
 
 void DrawingView::drawSelection(QPainter& painter) {
+  // The layer is kept while the selection, the drawing and the view stay as they were.
+  if (m_selectionShown && m_selectionView == m_view && m_selectionSize == size()) {
+    m_selectionHighlight.drawOn(painter);
+    return;
+  }
+  m_selectionShown = true;
+  m_selectionView = m_view;
+  m_selectionSize = size();
   std::vector<OdDbObjectId> shown;
   QRectF area;
   bool bounded = true;
@@ -143,11 +153,13 @@ void DrawingView::drawSelection(QPainter& painter) {
       area = shown.empty() ? box : EntityIndex::united(area, box);
     shown.push_back(id);
   }
-  if (shown.empty()) return;
-  m_selectionHighlight.draw(painter, bounded ? deviceArea(area) : rect(), m_view,
-                            [&](QPainter& layer, const QTransform& view) {
-                              m_renderer.drawEntities(layer, shown, view);
-                            });
+  m_selectionHighlight.paint(shown.empty() ? QRect()
+                             : bounded     ? deviceArea(area)
+                                           : rect(),
+                             m_view, [&](QPainter& layer, const QTransform& view) {
+                               m_renderer.drawEntities(layer, shown, view);
+                             });
+  m_selectionHighlight.drawOn(painter);
 }
 
 void DrawingView::drawPreview(QPainter& painter) {
@@ -164,12 +176,13 @@ void DrawingView::drawPreview(QPainter& painter) {
       !reference.isNull() && !(preview.size() == 1 && preview.front() == entity->objectId());
   QRectF box;
   const QRect area = EntityIndex::extentsOf(entity.get(), box) ? deviceArea(box) : rect();
-  m_previewHighlight.draw(painter, area, m_view, [&](QPainter& layer, const QTransform& view) {
+  m_previewHighlight.paint(area, m_view, [&](QPainter& layer, const QTransform& view) {
     if (throughReference)
       m_renderer.drawThroughReference(layer, reference.get(), preview, view);
     else
       m_renderer.drawEntities(layer, preview, view);
   });
+  m_previewHighlight.drawOn(painter);
 }
 
 void DrawingView::drawBand(QPainter& painter) const {
@@ -337,8 +350,9 @@ void DrawingView::beginGripDrag(const EntityGrip& grip) {
   m_drag = std::make_unique<GripDrag>(grip);
   m_dragMoved = false;
   m_mode = Mode::kGripDrag;
-  // The entity leaves the picture; its preview is drawn over it at every step.
+  // The entity leaves the picture and its highlight; its preview is drawn at every step.
   m_picture.setExcluded({grip.entity});
+  m_selectionShown = false;
   update();
 }
 
@@ -348,6 +362,7 @@ void DrawingView::endGripDrag(bool keep) {
   const bool moved = m_dragMoved;
   m_drag.reset();
   m_picture.setExcluded({});
+  m_selectionShown = false;
   // Even a cancelled drag may have given a reference a block of its own.
   if (moved) m_document->notifyEdited({entity});
   update();

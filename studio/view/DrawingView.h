@@ -88,6 +88,10 @@ class DrawingView : public QWidget {
   DrawingPicture m_picture;
   EntityPicker m_picker;
   EntityHighlight m_selectionHighlight;
+  // Whether the selection's layer shows the selection now, under this view at this size.
+  bool m_selectionShown = false;
+  QTransform m_selectionView;
+  QSize m_selectionSize;
   EntityHighlight m_previewHighlight;
   QTransform m_view;
   bool m_fitted = false;  // shown whole once it had a size
