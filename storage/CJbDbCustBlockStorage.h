@@ -78,9 +78,7 @@ class CJbDbCustBlockStorage : public OdDbObject {
   static void RemoveReferenceCustomization(const OdDbObjectId& referenceId,
                                            bool removeBlockFromStorage, bool restoreDynamicBlock);
 
-  // The two reserved values and the entry count, then per entry in id order: block, master, name,
-  // graph (owned by a master, referred to by an instance) and the owned state record. A DXF
-  // record with a group code out of place reads as eBadDxfSequence.
+  // The object's common data, then the entries (see CJbDbCustBlockStorageImpl).
   OdResult dwgInFields(OdDbDwgFiler* filer) override;
   void dwgOutFields(OdDbDwgFiler* filer) const override;
   OdResult dxfInFields(OdDbDxfFiler* filer) override;
@@ -102,7 +100,6 @@ class CJbDbCustBlockStorage : public OdDbObject {
   bool HasState(const OdDbObjectId& blockId) const;
   // The state the master graph would give a new instance.
   static bool DefaultState(const OdDbObjectId& graphId, OdResBufPtr& chain);
-  void AuditEntry(const OdDbObjectId& blockId, OdDbAuditInfo* auditInfo);
 
   std::unique_ptr<CJbDbCustBlockStorageImpl> m_pImpl;
 };
