@@ -7,7 +7,6 @@
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/host/CJbConstraintUtils.h"
 #include "platform/host/CJbSystemServices.h"
-#include "platform/host/CJbTranslator.h"
 #include "storage/CJbCustBlockDeepCloneReactor.h"
 #include "storage/CJbCustBlockObjectAccess.h"
 #include "storage/CJbCustBlockStateRecord.h"
@@ -43,14 +42,6 @@ class BlockTableRecordCloner : public OdStaticRxObject<OdRxEventReactor> {
   const OdDbIdMapping* m_mapping;
 };
 
-void reportResets(int count) {
-  std::string message =
-      odTranslate("customizable_blocks", "Number of reset blocks due to incompatible changes: %1.")
-          .str();
-  const std::size_t at = message.find("%1");
-  if (at != std::string::npos) message.replace(at, 2, std::to_string(count));
-  CJbSystemServices::Get()->ShowMessage(message);
-}
 }  // namespace
 
 OdDbObjectId CJbCustBlockCopier::CopyBlockTableRecord(const OdDbObjectId& blockId,
@@ -73,25 +64,25 @@ OdDbObjectId CJbCustBlockCopier::CopyBlockTableRecord(const OdDbObjectId& blockI
   return cloneId;
 }
 
-bool CJbCustBlockCopier::CopyBlockInstance(const OdDbObjectId& sourceBlockId,
-                                           const OdDbObjectId& masterId,
-                                           const OdDbObjectId& newBlockId, OdDbIdMapping& mapping) {
+CJbCustBlockResult CJbCustBlockCopier::CopyBlockInstance(const OdDbObjectId& sourceBlockId,
+                                                         const OdDbObjectId& masterId,
+                                                         const OdDbObjectId& newBlockId,
+                                                         OdDbIdMapping& mapping) {
   CJbDbCustBlockGraphPtr updated;
   {
     CJbDbCustBlockStoragePtr source =
         CJbDbCustBlockStorage::GetStorage(sourceBlockId.database(), OdDb::kForRead, false);
-    if (source.isNull() || !source->IsBlockCustomizable(sourceBlockId)) return true;
-    OdDbObjectId sourceGraphId;
-    if (!source->GetMasterBlockGraphId(sourceBlockId, sourceGraphId) ||
-        !source->GetUpdatedGraph(sourceBlockId, updated))
-      return false;
+    if (source.isNull() || !source->IsBlockCustomizable(sourceBlockId)) return CJbCustBlockResult();
+    if (const CJbCustBlockResult found = source->GetUpdatedGraph(sourceBlockId, updated); !found)
+      return found;
   }
   CJbDbCustBlockStoragePtr storage =
       CJbDbCustBlockStorage::GetStorage(newBlockId.database(), OdDb::kForWrite, false);
-  OdDbObjectId graphId;
-  if (storage.isNull() || !storage->IsBlockMaster(masterId) ||
-      !storage->GetMasterBlockGraphId(masterId, graphId))
-    return false;
+  if (storage.isNull()) return NoStorage(newBlockId);
+  if (!storage->IsBlockMaster(masterId))
+    return CJbCustBlockResult::Failure(eNotApplicable,
+                                       "The block \"%1\" is no master of customizable blocks.",
+                                       {Access::NameOf(masterId)});
   CJbDbCustBlockGraphInstanceContext context(StateRecord::kPlainState, masterId.database());
   OdResBufPtr chain = updated->SaveInstance(&context);
   TranslateStateIds(chain.get(), mapping);
@@ -107,15 +98,19 @@ void CJbCustBlockCopier::TranslateStateIds(OdResBuf* chain, const OdDbIdMapping&
   }
 }
 
-bool CJbCustBlockCopier::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
-                                         const OdDbObjectId& destBlockId, OdDbIdMapping& mapping,
-                                         bool insideCloneOperation) {
+CJbCustBlockResult CJbCustBlockCopier::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
+                                                       const OdDbObjectId& destBlockId,
+                                                       OdDbIdMapping& mapping,
+                                                       bool insideCloneOperation) {
   OdDbDatabase* destDb = destBlockId.database();
   OdDbDatabase* sourceDb = sourceBlockId.database();
-  if (!destDb || !sourceDb) return false;
+  if (!destDb || !sourceDb)
+    return CJbCustBlockResult::Failure(
+        eNoDatabase, "The block \"%1\" or \"%2\" belongs to no drawing.",
+        {Access::NameOf(sourceBlockId), Access::NameOf(destBlockId)});
   CJbDbCustBlockStoragePtr storage =
       CJbDbCustBlockStorage::GetStorage(destDb, OdDb::kForWrite, true);
-  if (storage.isNull()) return false;
+  if (storage.isNull()) return NoStorage(destBlockId);
   const bool sameBlock = sourceBlockId == destBlockId;
 
   MoveReferencesOffMaster(storage.get(), destBlockId);
@@ -127,13 +122,23 @@ bool CJbCustBlockCopier::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
   {
     CJbDbCustBlockStoragePtr source =
         CJbDbCustBlockStorage::GetStorage(sourceDb, OdDb::kForRead, false);
-    if (source.isNull() || !source->GetMasterBlockGraphId(sourceBlockId, sourceGraphId) ||
-        !source->GetCustomData(sourceBlockId, sourceState))
-      return false;
+    if (source.isNull()) return NoStorage(sourceBlockId);
+    if (const CJbCustBlockResult found =
+            source->GetMasterBlockGraphId(sourceBlockId, sourceGraphId);
+        !found)
+      return found;
+    if (const CJbCustBlockResult found = source->GetCustomData(sourceBlockId, sourceState); !found)
+      return found;
   }
   if (!sameBlock) {
     OdDbObjectId graphId = CloneGraph(sourceGraphId, storage.get(), mapping, insideCloneOperation);
-    if (graphId.isNull() || !storage->AppendMasterBlock(destBlockId, graphId)) return false;
+    if (graphId.isNull())
+      return CJbCustBlockResult::Failure(eNotApplicable,
+                                         "The evaluation graph of block \"%1\" cannot be copied.",
+                                         {Access::NameOf(sourceBlockId)});
+    if (const CJbCustBlockResult appended = storage->AppendMasterBlock(destBlockId, graphId);
+        !appended)
+      return appended;
   }
   TranslateStateIds(sourceState.get(), mapping);
   storage->SetCustomData(destBlockId, sourceState);
@@ -148,8 +153,17 @@ bool CJbCustBlockCopier::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
   const int resetCount = RebuildInstances(storage.get(), destBlockId, remembered);
   // The entries of the instance blocks erased above.
   storage->CleanUp();
-  if (resetCount > 0) reportResets(resetCount);
-  return true;
+  if (resetCount > 0)
+    CJbSystemServices::Get()->ShowMessage(
+        CJbCustBlockResult::Text("Number of reset blocks due to incompatible changes: %1.",
+                                 {OdString(std::to_string(resetCount).c_str())}));
+  return CJbCustBlockResult();
+}
+
+CJbCustBlockResult CJbCustBlockCopier::NoStorage(const OdDbObjectId& blockId) {
+  return CJbCustBlockResult::Failure(eKeyNotFound,
+                                     "The drawing of block \"%1\" has no customizable blocks.",
+                                     {Access::NameOf(blockId)});
 }
 
 void CJbCustBlockCopier::MoveReferencesOffMaster(CJbDbCustBlockStorage* storage,

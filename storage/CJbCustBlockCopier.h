@@ -8,16 +8,20 @@
 #include "platform/db/OdDbObjectId.h"
 #include "platform/db/cloning/OdDbIdMapping.h"
 #include "platform/resbuf/OdResBuf.h"
+#include "storage/CJbCustBlockResult.h"
 
 class CJbDbCustBlockStorage;
 
 class CJbCustBlockCopier {
  public:
   static OdDbObjectId CopyBlockTableRecord(const OdDbObjectId& blockId, OdDbIdMappingPtr& mapping);
-  static bool CopyBlockInstance(const OdDbObjectId& sourceBlockId, const OdDbObjectId& masterId,
-                                const OdDbObjectId& newBlockId, OdDbIdMapping& mapping);
-  static bool CopyMasterBlock(const OdDbObjectId& sourceBlockId, const OdDbObjectId& destBlockId,
-                              OdDbIdMapping& mapping, bool insideCloneOperation);
+  static CJbCustBlockResult CopyBlockInstance(const OdDbObjectId& sourceBlockId,
+                                              const OdDbObjectId& masterId,
+                                              const OdDbObjectId& newBlockId,
+                                              OdDbIdMapping& mapping);
+  static CJbCustBlockResult CopyMasterBlock(const OdDbObjectId& sourceBlockId,
+                                            const OdDbObjectId& destBlockId, OdDbIdMapping& mapping,
+                                            bool insideCloneOperation);
   // Rewrites the object ids (group code 330 only) of a state chain through a clone mapping.
   static void TranslateStateIds(OdResBuf* chain, const OdDbIdMapping& mapping);
 
@@ -29,6 +33,7 @@ class CJbCustBlockCopier {
     OdDbObjectIdArray references;
   };
 
+  static CJbCustBlockResult NoStorage(const OdDbObjectId& blockId);
   // References inserted straight from the old master keep their look through an instance.
   static void MoveReferencesOffMaster(CJbDbCustBlockStorage* storage, const OdDbObjectId& masterId);
   // The portable state and the references of each instance of the master that is still shown;

@@ -4,6 +4,12 @@
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 
+OdString CJbCustBlockObjectAccess::NameOf(const OdDbObjectId& blockId) {
+  if (OdDbBlockTableRecordPtr block = Open<OdDbBlockTableRecord>(blockId, OdDb::kForRead))
+    return block->getName();
+  return blockId.isNull() ? OdString("(null)") : "#" + blockId.getHandle().ascii();
+}
+
 OdDbObjectId CJbCustBlockObjectAccess::CloneOf(const OdDbIdMapping& mapping,
                                                const OdDbObjectId& id) {
   OdDbIdPair pair(id);

@@ -13,6 +13,8 @@ class CJbCustBlockObjectAccess {
   static OdSmartPtr<T> Open(const OdDbObjectId& id, OdDb::OpenMode mode) {
     return T::cast(id.openObjectShared(mode).get());
   }
+  // How messages name a block: its name, or its handle when it does not open as a block.
+  static OdString NameOf(const OdDbObjectId& blockId);
   // The clone the mapping holds for `id`, or null.
   static OdDbObjectId CloneOf(const OdDbIdMapping& mapping, const OdDbObjectId& id);
   // The references that show the block directly (not through a nested block).

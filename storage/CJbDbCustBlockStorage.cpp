@@ -63,72 +63,102 @@ bool CJbDbCustBlockStorage::IsBlockMaster(const OdDbObjectId& blockId) const {
   return entry && entry->IsMaster();
 }
 
-bool CJbDbCustBlockStorage::GetMasterBlockId(const OdDbObjectId& blockId,
-                                             OdDbObjectId& masterId) const {
+CJbCustBlockResult CJbDbCustBlockStorage::NotCustomizable(const OdDbObjectId& blockId) {
+  return CJbCustBlockResult::Failure(eKeyNotFound, "The block \"%1\" is not customizable.",
+                                     {Access::NameOf(blockId)});
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::GetMasterBlockId(const OdDbObjectId& blockId,
+                                                           OdDbObjectId& masterId) const {
   assertReadEnabled();
   const CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
-  if (!entry) return false;
+  if (!entry) return NotCustomizable(blockId);
   masterId = entry->masterBlockId;
-  return true;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::GetMasterBlockGraphId(const OdDbObjectId& blockId,
-                                                  OdDbObjectId& graphId) const {
+CJbCustBlockResult CJbDbCustBlockStorage::GetMasterBlockGraphId(const OdDbObjectId& blockId,
+                                                                OdDbObjectId& graphId) const {
   assertReadEnabled();
   const CustBlockStorageEntry* master = m_pImpl->FindMaster(blockId);
-  if (!master) return false;
+  if (!master) {
+    if (!m_pImpl->Find(blockId)) return NotCustomizable(blockId);
+    return CJbCustBlockResult::Failure(eKeyNotFound, "The master of block \"%1\" is missing.",
+                                       {Access::NameOf(blockId)});
+  }
   graphId = master->graphId;
-  return true;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::GetAllBlockInstancesForMasterBlock(
+CJbCustBlockResult CJbDbCustBlockStorage::GetAllBlockInstancesForMasterBlock(
     const OdDbObjectId& masterId, OdArray<OdDbObjectId>& instances) const {
   assertReadEnabled();
   instances.clear();
-  if (!IsBlockMaster(masterId)) return false;
+  if (!IsBlockMaster(masterId))
+    return CJbCustBlockResult::Failure(eNotApplicable,
+                                       "The block \"%1\" is no master of customizable blocks.",
+                                       {Access::NameOf(masterId)});
   for (const auto& entry : m_pImpl->m_entries) {
     if (entry.second.masterBlockId == masterId && !entry.second.IsMaster())
       instances.append(entry.first);
   }
-  return true;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::DefaultState(const OdDbObjectId& graphId, OdResBufPtr& chain) {
+CJbCustBlockResult CJbDbCustBlockStorage::DefaultState(const OdDbObjectId& blockId,
+                                                       const OdDbObjectId& graphId,
+                                                       OdResBufPtr& chain) {
   CJbDbCustBlockGraphPtr graph = Access::Open<CJbDbCustBlockGraph>(graphId, OdDb::kForRead);
-  if (graph.isNull()) return false;
+  if (graph.isNull()) return NoGraph(blockId);
   CJbDbCustBlockGraphInstanceContext context(StateRecord::kPlainState, graph->database());
   chain = graph->SaveInstance(&context);
-  return !chain.isNull();
+  if (chain.isNull())
+    return CJbCustBlockResult::Failure(eInvalidResBuf,
+                                       "The evaluation graph of block \"%1\" gives no state.",
+                                       {Access::NameOf(blockId)});
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::GetCustomData(const OdDbObjectId& blockId, OdResBufPtr& chain) const {
+CJbCustBlockResult CJbDbCustBlockStorage::NoGraph(const OdDbObjectId& blockId) {
+  return CJbCustBlockResult::Failure(
+      eKeyNotFound, "The evaluation graph of block \"%1\" is missing.", {Access::NameOf(blockId)});
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::GetCustomData(const OdDbObjectId& blockId,
+                                                        OdResBufPtr& chain) const {
   assertReadEnabled();
   const CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
-  if (!entry) return false;
+  if (!entry) return NotCustomizable(blockId);
   if (OdDbXrecordPtr record = Access::Open<OdDbXrecord>(entry->customDataId, OdDb::kForRead)) {
     chain = StateRecord::Read(record.get());
-    return true;
+    return CJbCustBlockResult();
   }
   OdDbObjectId graphId;
-  return GetMasterBlockGraphId(blockId, graphId) && DefaultState(graphId, chain);
+  const CJbCustBlockResult found = GetMasterBlockGraphId(blockId, graphId);
+  return found ? DefaultState(blockId, graphId, chain) : found;
 }
 
-bool CJbDbCustBlockStorage::GetUpdatedGraph(const OdDbObjectId& blockId,
-                                            CJbDbCustBlockGraphPtr& graph) const {
+CJbCustBlockResult CJbDbCustBlockStorage::GetUpdatedGraph(const OdDbObjectId& blockId,
+                                                          CJbDbCustBlockGraphPtr& graph) const {
   assertReadEnabled();
   OdDbObjectId graphId;
-  if (!m_pImpl->Find(blockId) || !GetMasterBlockGraphId(blockId, graphId)) return false;
+  if (const CJbCustBlockResult found = GetMasterBlockGraphId(blockId, graphId); !found)
+    return found;
   CJbDbCustBlockGraphPtr master = Access::Open<CJbDbCustBlockGraph>(graphId, OdDb::kForRead);
+  if (master.isNull()) return NoGraph(blockId);
   OdResBufPtr chain;
-  if (master.isNull() || !GetCustomData(blockId, chain)) return false;
+  if (const CJbCustBlockResult state = GetCustomData(blockId, chain); !state) return state;
   CJbDbCustBlockGraphPtr clone = CJbDbCustBlockGraph::cast(master->clone().get());
-  if (clone.isNull()) return false;
+  if (clone.isNull())
+    return CJbCustBlockResult::Failure(eNotApplicable,
+                                       "The evaluation graph of block \"%1\" cannot be copied.",
+                                       {Access::NameOf(blockId)});
   // State saved from this clone carries the current format, whatever the master was read at.
   clone->UpgradeToCurrentVersion();
   CJbDbCustBlockGraphInstanceContext context(StateRecord::kPlainState, database());
   clone->LoadInstance(chain, &context);
   graph = clone;
-  return true;
+  return CJbCustBlockResult();
 }
 
 bool CJbDbCustBlockStorage::IsNewBlockInstanceRequired(const OdDbObjectId& blockId) const {
@@ -139,20 +169,26 @@ bool CJbDbCustBlockStorage::IsNewBlockInstanceRequired(const OdDbObjectId& block
   return Access::DirectReferences(blockId).length() > 1;
 }
 
-bool CJbDbCustBlockStorage::AppendMasterBlock(const OdDbObjectId& blockId, OdDbObjectId& graphId) {
+CJbCustBlockResult CJbDbCustBlockStorage::AppendMasterBlock(const OdDbObjectId& blockId,
+                                                            OdDbObjectId& graphId) {
   assertReadEnabled();
-  if (m_pImpl->Find(blockId)) return false;
+  if (m_pImpl->Find(blockId))
+    return CJbCustBlockResult::Failure(eDuplicateKey, "The block \"%1\" is customizable already.",
+                                       {Access::NameOf(blockId)});
   OdString name;
   if (OdDbBlockTableRecordPtr block = Access::Open<OdDbBlockTableRecord>(blockId, OdDb::kForRead))
     name = block->getName();
   else
-    return false;
+    return NoBlock(blockId);
   CJbDbCustBlockGraphPtr graph;
   if (!graphId.isNull()) {
     graph = Access::Open<CJbDbCustBlockGraph>(graphId, OdDb::kForWrite);
-    if (graph.isNull()) return false;
+    if (graph.isNull())
+      return CJbCustBlockResult::Failure(
+          eWrongObjectType, "The object %1 is no evaluation graph that can be changed.",
+          {graphId.getHandle().ascii()});
   } else {
-    if (!database()) return false;
+    if (!database()) return NoDrawing();
     graph = CJbDbCustBlockGraph::createObject();
     graphId = database()->addOdDbObject(graph.get());
   }
@@ -163,7 +199,16 @@ bool CJbDbCustBlockStorage::AppendMasterBlock(const OdDbObjectId& blockId, OdDbO
   graph->SetBlockDefinitionId(blockId);
   graph.release();
   CleanUp();
-  return true;
+  return CJbCustBlockResult();
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::NoBlock(const OdDbObjectId& id) {
+  return CJbCustBlockResult::Failure(eNotThatKindOfClass, "\"%1\" is no block definition.",
+                                     {Access::NameOf(id)});
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::NoDrawing() {
+  return CJbCustBlockResult::Failure(eNoDatabase, "The block storage belongs to no drawing.");
 }
 
 bool CJbDbCustBlockStorage::HasState(const OdDbObjectId& blockId) const {
@@ -175,19 +220,25 @@ bool CJbDbCustBlockStorage::HasState(const OdDbObjectId& blockId) const {
   return master && !Access::Open<CJbDbCustBlockGraph>(master->graphId, OdDb::kForRead).isNull();
 }
 
-bool CJbDbCustBlockStorage::CreateBlockInstance(const OdDbObjectId& blockId,
-                                                OdDbObjectId& newBlockId) {
-  if (!HasState(blockId) || !database()) return false;
+CJbCustBlockResult CJbDbCustBlockStorage::CreateBlockInstance(const OdDbObjectId& blockId,
+                                                              OdDbObjectId& newBlockId) {
   OdDbObjectId masterId, graphId;
-  if (!GetMasterBlockId(blockId, masterId) || !GetMasterBlockGraphId(blockId, graphId))
-    return false;
+  if (const CJbCustBlockResult found = GetMasterBlockId(blockId, masterId); !found) return found;
+  if (const CJbCustBlockResult found = GetMasterBlockGraphId(blockId, graphId); !found)
+    return found;
+  if (!HasState(blockId)) return NoGraph(blockId);
+  if (!database()) return NoDrawing();
   assertWriteEnabled();
   OdDbObjectPtr table = database()->getBlockTableId().openObjectShared(OdDb::kForWrite);
-  if (table.isNull()) return false;
+  if (table.isNull())
+    return CJbCustBlockResult::Failure(eNotOpenForWrite,
+                                       "The block table cannot be opened for a new block.");
   OdDbIdMappingPtr mapping;
   const OdDbObjectId copyId = CopyBlockTableRecord(blockId, mapping);
   table.release();
-  if (copyId.isNull()) return false;
+  if (copyId.isNull())
+    return CJbCustBlockResult::Failure(eNotApplicable, "The block \"%1\" could not be copied.",
+                                       {Access::NameOf(blockId)});
   {
     OdDbBlockTableRecordPtr copy = Access::Open<OdDbBlockTableRecord>(copyId, OdDb::kForWrite);
     copy->createExtensionDictionary();
@@ -197,74 +248,99 @@ bool CJbDbCustBlockStorage::CreateBlockInstance(const OdDbObjectId& blockId,
     preventor->setFromRbChain(OdResBuf::newRb(kHardPointerCode, blockId).get());
     dictionary->setAt(kPurgePreventorKey, preventor.get());
   }
-  if (!CopyBlockInstance(blockId, masterId, copyId, *mapping)) {
+  if (const CJbCustBlockResult copied = CopyBlockInstance(blockId, masterId, copyId, *mapping);
+      !copied) {
     Access::Erase(copyId);
-    return false;
+    return copied;
   }
   newBlockId = copyId;
-  return true;
+  return CJbCustBlockResult();
 }
 
-OdDbObjectId CJbDbCustBlockStorage::AddCustomDataRecord(const OdResBufPtr& chain) {
+CJbCustBlockResult CJbDbCustBlockStorage::AddCustomDataRecord(const OdDbObjectId& blockId,
+                                                              const OdResBufPtr& chain,
+                                                              OdDbObjectId& recordId) {
+  if (!database()) return NoDrawing();
   OdDbXrecordPtr record = OdDbXrecord::createObject();
-  if (!database() || StateRecord::Write(record.get(), chain.get()) != eOk)
-    return OdDbObjectId::kNull;
-  const OdDbObjectId id = database()->addOdDbObject(record.get());
+  if (const OdResult stored = StateRecord::Write(record.get(), chain.get()); stored != eOk)
+    return StateNotStored(blockId, stored);
+  recordId = database()->addOdDbObject(record.get());
   record->setOwnerId(objectId());
-  return id;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& blockId, OdResBufPtr chain) {
+CJbCustBlockResult CJbDbCustBlockStorage::StateNotStored(const OdDbObjectId& blockId,
+                                                         OdResult code) {
+  return CJbCustBlockResult::Failure(code, "The state of block \"%1\" cannot be stored.",
+                                     {Access::NameOf(blockId)});
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& blockId,
+                                                        OdResBufPtr chain) {
   assertReadEnabled();
   CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
-  if (!entry) return false;
-  if (OdDbXrecordPtr record = Access::Open<OdDbXrecord>(entry->customDataId, OdDb::kForWrite))
-    return StateRecord::Write(record.get(), chain.get()) == eOk;
+  if (!entry) return NotCustomizable(blockId);
+  if (OdDbXrecordPtr record = Access::Open<OdDbXrecord>(entry->customDataId, OdDb::kForWrite)) {
+    const OdResult stored = StateRecord::Write(record.get(), chain.get());
+    return stored == eOk ? CJbCustBlockResult() : StateNotStored(blockId, stored);
+  }
   assertWriteEnabled();
-  const OdDbObjectId recordId = AddCustomDataRecord(chain);
-  if (recordId.isNull()) return false;
-  entry->customDataId = recordId;
-  return true;
+  OdDbObjectId recordId;
+  const CJbCustBlockResult added = AddCustomDataRecord(blockId, chain, recordId);
+  if (added) entry->customDataId = recordId;
+  return added;
 }
 
-bool CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& sourceBlockId,
-                                          const OdDbObjectId& newBlockId, OdResBufPtr chain) {
+CJbCustBlockResult CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& sourceBlockId,
+                                                        const OdDbObjectId& newBlockId,
+                                                        OdResBufPtr chain) {
   OdDbDatabase* own = database();
-  if (!own || sourceBlockId.database() != own || newBlockId.database() != own) return false;
+  if (!own) return NoDrawing();
+  if (sourceBlockId.database() != own || newBlockId.database() != own)
+    return CJbCustBlockResult::Failure(
+        eWrongDatabase, "The blocks \"%1\" and \"%2\" are not both in the storage's drawing.",
+        {Access::NameOf(sourceBlockId), Access::NameOf(newBlockId)});
   assertReadEnabled();
   if (m_pImpl->Find(newBlockId)) return SetCustomData(newBlockId, chain);
-  const CustBlockStorageEntry* master = m_pImpl->FindMaster(sourceBlockId);
-  if (!master || master->graphId.isNull()) return false;
+  OdDbObjectId graphId;
+  if (const CJbCustBlockResult found = GetMasterBlockGraphId(sourceBlockId, graphId); !found)
+    return found;
+  if (graphId.isNull()) return NoGraph(sourceBlockId);
   OdString name;
   if (OdDbBlockTableRecordPtr block =
           Access::Open<OdDbBlockTableRecord>(newBlockId, OdDb::kForRead))
     name = block->getName();
   else
-    return false;
+    return NoBlock(newBlockId);
   assertWriteEnabled();
-  const OdDbObjectId recordId = AddCustomDataRecord(chain);
-  if (recordId.isNull()) return false;
+  OdDbObjectId recordId;
+  if (const CJbCustBlockResult added = AddCustomDataRecord(newBlockId, chain, recordId); !added)
+    return added;
+  const OdDbObjectId masterId = m_pImpl->FindMaster(sourceBlockId)->blockId;
   m_pImpl->m_entries[newBlockId] =
-      CustBlockStorageEntry{newBlockId, name, master->graphId, master->blockId, recordId};
-  return true;
+      CustBlockStorageEntry{newBlockId, name, graphId, masterId, recordId};
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::EraseMasterCustomData(const OdDbObjectId& blockId) {
+CJbCustBlockResult CJbDbCustBlockStorage::EraseMasterCustomData(const OdDbObjectId& blockId) {
   assertReadEnabled();
+  OdDbObjectId graphId;
+  if (const CJbCustBlockResult found = GetMasterBlockGraphId(blockId, graphId); !found)
+    return found;
   const CustBlockStorageEntry* master = m_pImpl->FindMaster(blockId);
-  if (!master) return false;
   if (!master->customDataId.isNull()) {
     assertWriteEnabled();
     Access::EraseOwnedBy(objectId(), master->customDataId);
     m_pImpl->Find(master->blockId)->customDataId = OdDbObjectId::kNull;
   }
-  return true;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::RemoveBlock(const OdDbObjectId& blockId, bool repointReferences) {
+CJbCustBlockResult CJbDbCustBlockStorage::RemoveBlock(const OdDbObjectId& blockId,
+                                                      bool repointReferences) {
   assertReadEnabled();
   const CustBlockStorageEntry* found = m_pImpl->Find(blockId);
-  if (!found) return false;
+  if (!found) return NotCustomizable(blockId);
   assertWriteEnabled();
   const CustBlockStorageEntry entry = *found;
   if (entry.IsMaster()) {
@@ -280,7 +356,7 @@ bool CJbDbCustBlockStorage::RemoveBlock(const OdDbObjectId& blockId, bool repoin
   if (entry.IsMaster()) Access::EraseOwnedBy(objectId(), entry.graphId);
   Access::EraseOwnedBy(objectId(), entry.customDataId);
   m_pImpl->m_entries.erase(blockId);
-  return true;
+  return CJbCustBlockResult();
 }
 
 void CJbDbCustBlockStorage::CleanUp() {
@@ -335,24 +411,24 @@ OdDbObjectId CJbDbCustBlockStorage::CopyBlockTableRecord(const OdDbObjectId& blo
   return CJbCustBlockCopier::CopyBlockTableRecord(blockId, mapping);
 }
 
-bool CJbDbCustBlockStorage::CopyBlockInstance(const OdDbObjectId& sourceBlockId,
-                                              const OdDbObjectId& masterId,
-                                              const OdDbObjectId& newBlockId,
-                                              OdDbIdMapping& mapping) {
+CJbCustBlockResult CJbDbCustBlockStorage::CopyBlockInstance(const OdDbObjectId& sourceBlockId,
+                                                            const OdDbObjectId& masterId,
+                                                            const OdDbObjectId& newBlockId,
+                                                            OdDbIdMapping& mapping) {
   return CJbCustBlockCopier::CopyBlockInstance(sourceBlockId, masterId, newBlockId, mapping);
 }
 
-bool CJbDbCustBlockStorage::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
-                                            const OdDbObjectId& destBlockId, OdDbIdMapping& mapping,
-                                            bool insideCloneOperation) {
+CJbCustBlockResult CJbDbCustBlockStorage::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
+                                                          const OdDbObjectId& destBlockId,
+                                                          OdDbIdMapping& mapping,
+                                                          bool insideCloneOperation) {
   return CJbCustBlockCopier::CopyMasterBlock(sourceBlockId, destBlockId, mapping,
                                              insideCloneOperation);
 }
 
-bool CJbDbCustBlockStorage::ApplyMappingToCustomData(OdResBufPtr chain,
+void CJbDbCustBlockStorage::ApplyMappingToCustomData(OdResBufPtr chain,
                                                      const OdDbIdMapping& mapping) {
   CJbCustBlockCopier::TranslateStateIds(chain.get(), mapping);
-  return true;
 }
 
 void CJbDbCustBlockStorage::RemoveBlockCustomization(const OdDbObjectId& blockId,

@@ -95,8 +95,7 @@ OdDbObjectId CustomBlockAuthor::finish() {
   m_graph.release();
   const OdSmartPtr<CJbDbCustBlockStorage> storage =
       CJbDbCustBlockStorage::GetStorage(m_database, OdDb::kForWrite, true);
-  if (!storage->AppendMasterBlock(m_blockId, graphId))
-    throw OdError(eInvalidInput, "the block cannot become customizable");
+  storage->AppendMasterBlock(m_blockId, graphId).ThrowIfFailed();
   // The master shows the definition as authored, in its first states.
   CJbDbCustBlockGraphPtr(graphId.safeOpenObject(OdDb::kForWrite))->Reset(m_blockId, false);
   return m_blockId;
