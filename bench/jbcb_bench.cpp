@@ -7,9 +7,9 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
+#include "authoring/CJbCustBlockAuthor.h"
 #include "cli/DrawingFile.h"
 #include "cli/ModuleLoading.h"
-#include "cli/blocks/CustomBlockAuthor.h"
 #include "cli/blocks/DoorDemoBlock.h"
 #include "platform/OdPlatform.h"
 #include "platform/db/entities/OdDbBlockReference.h"
@@ -29,9 +29,9 @@ void runJbcb(const QStringList& arguments) {
 // 10,000 references of the demo door in rows of 100.
 void writeDoors(const std::string& path) {
   const OdDbDatabasePtr database = OdDbDatabase::createObject();
-  CustomBlockAuthor author(database.get(), "Door");
+  CJbCustBlockAuthor author(database.get(), "Door");
   DoorDemoBlock().author(author);
-  const OdDbObjectId door = author.finish();
+  const OdDbObjectId door = author.Finish();
   {
     OdDbBlockTableRecordPtr modelSpace(database->getModelSpaceId().safeOpenObject(OdDb::kForWrite));
     for (int i = 0; i < kDoors; ++i) {

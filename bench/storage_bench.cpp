@@ -11,6 +11,7 @@
 
 #include "actions/CJbCustBlockActionClasses.h"
 #include "actions/CJbCustBlockStretchAction.h"
+#include "authoring/CJbCustBlockGraphAuthor.h"
 #include "core/CJbCustBlockCoreClasses.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockParameterClasses.h"
@@ -80,10 +81,7 @@ Door makeDoor() {
   width->SetDefinedPosition(1, OdGePoint3d(10, 0, 0));
   for (unsigned point = 0; point < 2; ++point) {
     CJbCustBlockLinearGripPtr grip = CJbCustBlockLinearGrip::createObject();
-    graph->AppendNode(grip);
-    width->SetGrip(point, grip->GetElementId());
-    grip->AddConnection(width->GetElementId(), false, true);
-    grip->SetDefindedPosition(width->GetDefinedPosition(point));
+    CJbCustBlockGraphAuthor(graph.get()).BindGrip(width.get(), point, grip.get());
     door.grip = grip->GetElementId();
   }
   width->GetValueInfoForModify(0)->SetIncrement(5.0, width.get());

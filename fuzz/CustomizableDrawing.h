@@ -17,6 +17,7 @@
 #include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockRotateAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
+#include "authoring/CJbCustBlockGraphAuthor.h"
 #include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockLookupParameter.h"
@@ -61,10 +62,7 @@ OdSmartPtr<T> append(CJbDbCustBlockGraph* graph) {
 
 template <class Grip>
 void appendGrip(CJbDbCustBlockGraph* graph, CJbCustBlockParameter* parameter, unsigned index) {
-  OdSmartPtr<Grip> grip = append<Grip>(graph);
-  parameter->SetGrip(index, grip->GetElementId());
-  grip->AddConnection(parameter->GetElementId(), false, true);
-  grip->SetDefindedPosition(parameter->GetDefinedPosition(index));
+  CJbCustBlockGraphAuthor(graph).BindGrip(parameter, index, OdSmartPtr<Grip>(new Grip).get());
 }
 
 template <class Action>

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "cli/blocks/CustomBlockAuthor.h"
+#include "authoring/CJbCustBlockAuthor.h"
 
 class DemoBlock {
  public:
@@ -17,7 +17,7 @@ class DemoBlock {
   virtual OdString name() const = 0;
   // One line saying what the block shows.
   virtual std::string description() const = 0;
-  virtual void author(CustomBlockAuthor& author) const = 0;
+  virtual void author(CJbCustBlockAuthor& author) const = 0;
   // One entry per reference placed, left to right; an empty entry leaves it as defined.
   virtual std::vector<Edits> references() const = 0;
   // Distance between neighbouring references in the row.

@@ -35,9 +35,9 @@ OdDbDatabasePtr DemoDrawingBuilder::build() {
   m_placements.clear();
   double y = 0;
   for (const auto& block : m_blocks) {
-    CustomBlockAuthor author(database.get(), block->name());
+    CJbCustBlockAuthor author(database.get(), block->name());
     block->author(author);
-    placeRow(database.get(), *block, author.finish(), y);
+    placeRow(database.get(), *block, author.Finish(), y);
     y -= kRowPitch;
   }
   CustomBlockEditor editor(database.get());

@@ -26,43 +26,39 @@ std::string DoorDemoBlock::description() const {
   return "width 600 to 1200 in steps of 100, hinge side, leaf angle, open or closed";
 }
 
-void DoorDemoBlock::author(CustomBlockAuthor& author) const {
+void DoorDemoBlock::author(CJbCustBlockAuthor& author) const {
   const OdDbObjectId frame =
-      author.addRectangle(OdGePoint3d(0, -kFrameDepth, 0), OdGePoint3d(kWidth, 0, 0));
-  const OdDbObjectId leaf = author.addLine(OdGePoint3d(0, 0, 0), OdGePoint3d(0, kWidth, 0));
-  const OdDbObjectId swing = author.addArc(OdGePoint3d::kOrigin, kWidth, 0, std::acos(-1.0) / 2);
+      author.AddRectangle(OdGePoint3d(0, -kFrameDepth, 0), OdGePoint3d(kWidth, 0, 0));
+  const OdDbObjectId leaf = author.AddLine(OdGePoint3d(0, 0, 0), OdGePoint3d(0, kWidth, 0));
+  const OdDbObjectId swing = author.AddArc(OdGePoint3d::kOrigin, kWidth, 0, std::acos(-1.0) / 2);
   const OdDbObjectId closedLeaf =
-      author.addRectangle(OdGePoint3d(0, 0, 0), OdGePoint3d(kWidth, kLeafThickness, 0));
-  author.addText(OdGePoint3d(60, -200, 0), 60, "DOOR");
+      author.AddRectangle(OdGePoint3d(0, 0, 0), OdGePoint3d(kWidth, kLeafThickness, 0));
+  author.AddText(OdGePoint3d(60, -200, 0), 60, "DOOR");
 
-  auto width = author.addParameter<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(
+  auto width = author.AppendParameter<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(
       "Width", {OdGePoint3d(0, -kFrameDepth, 0), OdGePoint3d(kWidth, -kFrameDepth, 0)}, {1});
-  CJbCustBlockParameterValueInfo* widths = width->GetValueInfoForModify(0);
-  widths->SetIncrement(100, width.get());
-  widths->SetMinimum(600, width.get());
-  const double maximum = 1200;
-  widths->SetMaximum(&maximum, width.get());
+  CJbCustBlockGraphAuthor::SetValueSet(width.get(), 0, {100, 600, 1200});
 
   // The hinge side: the leaf and its swing mirror across the wall line.
-  auto hinge = author.addParameter<CJbCustBlockFlipParameter, CJbCustBlockFlipGrip>(
+  auto hinge = author.AppendParameter<CJbCustBlockFlipParameter, CJbCustBlockFlipGrip>(
       "Hinge", {OdGePoint3d::kOrigin, OdGePoint3d(kWidth, 0, 0)}, {0});
-  auto leafAngle = author.addParameter<CJbCustBlockRotationParameter, CJbCustBlockRotationGrip>(
+  auto leafAngle = author.AppendParameter<CJbCustBlockRotationParameter, CJbCustBlockRotationGrip>(
       "LeafAngle", {OdGePoint3d::kOrigin, OdGePoint3d(0, kWidth, 0), OdGePoint3d(0, kWidth, 0)},
       {kRotated});
-  auto look = author.addParameter<CJbCustBlockVisibilityParameter, CJbCustBlockVisibilityGrip>(
+  auto look = author.AppendParameter<CJbCustBlockVisibilityParameter, CJbCustBlockVisibilityGrip>(
       "Look", {OdGePoint3d(kWidth / 2, -150, 0)}, {0});
   look->AddState("Open", {closedLeaf}, {});
   look->AddState("Closed", {leaf, swing}, {leafAngle->GetElementId()});
   look->ForceHideEntitiesForDefaultState();
 
   auto stretch =
-      author.addAction<CJbCustBlockStretchAction>(width.get(), 1, {frame, swing, closedLeaf});
+      author.AppendAction<CJbCustBlockStretchAction>(width.get(), 1, {frame, swing, closedLeaf});
   stretch->SetElements(0, {hinge->GetElementId()}, {{1}});
-  CustomBlockAuthor::setFrame(stretch.get(), 0, OdGePoint3d(kWidth - 100, -200, 0),
-                              OdGePoint3d(kWidth + 100, 100, 0));
-  auto mirror = author.addAction<CJbCustBlockFlipAction>(hinge.get(), 0, {leaf, swing});
+  CJbCustBlockGraphAuthor::SetStretchFrame(stretch.get(), 0, OdGePoint3d(kWidth - 100, -200, 0),
+                                           OdGePoint3d(kWidth + 100, 100, 0));
+  auto mirror = author.AppendAction<CJbCustBlockFlipAction>(hinge.get(), 0, {leaf, swing});
   mirror->SetElements(0, {leafAngle->GetElementId()});
-  author.addAction<CJbCustBlockRotateAction>(leafAngle.get(), kRotated, {leaf});
+  author.AppendAction<CJbCustBlockRotateAction>(leafAngle.get(), kRotated, {leaf});
 }
 
 std::vector<DemoBlock::Edits> DoorDemoBlock::references() const {

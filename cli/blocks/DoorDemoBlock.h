@@ -9,7 +9,7 @@ class DoorDemoBlock : public DemoBlock {
  public:
   OdString name() const override { return "Door"; }
   std::string description() const override;
-  void author(CustomBlockAuthor& author) const override;
+  void author(CJbCustBlockAuthor& author) const override;
   std::vector<Edits> references() const override;
   double spacing() const override { return 1600; }
 };

@@ -7,7 +7,7 @@ class FixtureDemoBlock : public DemoBlock {
  public:
   OdString name() const override { return "Basin"; }
   std::string description() const override;
-  void author(CustomBlockAuthor& author) const override;
+  void author(CJbCustBlockAuthor& author) const override;
   std::vector<Edits> references() const override;
   double spacing() const override { return 1200; }
 };

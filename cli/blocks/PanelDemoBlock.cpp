@@ -17,29 +17,32 @@ std::string PanelDemoBlock::description() const {
   return "XY size in steps of 100 by 50, filled with a grid of tiles every 200";
 }
 
-void PanelDemoBlock::author(CustomBlockAuthor& author) const {
+void PanelDemoBlock::author(CJbCustBlockAuthor& author) const {
   const OdDbObjectId outline =
-      author.addRectangle(OdGePoint3d::kOrigin, OdGePoint3d(kWidth, kHeight, 0));
+      author.AddRectangle(OdGePoint3d::kOrigin, OdGePoint3d(kWidth, kHeight, 0));
   const OdDbObjectId inner =
-      author.addRectangle(OdGePoint3d(50, 50, 0), OdGePoint3d(kWidth - 50, kHeight - 50, 0));
-  const OdDbObjectId tile = author.addRectangle(OdGePoint3d(100, 100, 0), OdGePoint3d(180, 180, 0));
+      author.AddRectangle(OdGePoint3d(50, 50, 0), OdGePoint3d(kWidth - 50, kHeight - 50, 0));
+  const OdDbObjectId tile = author.AddRectangle(OdGePoint3d(100, 100, 0), OdGePoint3d(180, 180, 0));
 
-  auto size = author.addParameter<CJbCustBlockXYParameter, CJbCustBlockXYGrip>(
+  auto size = author.AppendParameter<CJbCustBlockXYParameter, CJbCustBlockXYGrip>(
       "PanelWidth", {OdGePoint3d::kOrigin, OdGePoint3d(kWidth, kHeight, 0)}, {kCorner});
-  CustomBlockAuthor::nameValue(size.get(), CJbCustBlockXYParameter::kYDistanceValue, "PanelHeight");
-  size->GetValueInfoForModify(0)->SetIncrement(100, size.get());
-  size->GetValueInfoForModify(1)->SetIncrement(50, size.get());
+  CJbCustBlockGraphAuthor::NameValue(size.get(), CJbCustBlockXYParameter::kYDistanceValue,
+                                     "PanelHeight");
+  CJbCustBlockGraphAuthor::SetValueSet(size.get(), 0, {100});
+  CJbCustBlockGraphAuthor::SetValueSet(size.get(), 1, {50});
 
   // The right side follows the corner across, the top side follows it up.
-  auto widen = author.addAction<CJbCustBlockStretchAction>(size.get(), kCorner, {outline, inner});
+  auto widen =
+      author.AppendAction<CJbCustBlockStretchAction>(size.get(), kCorner, {outline, inner});
   widen->SetAngleOffsetAndDistanceMultiplier(1.0, 0.0, CJbCustBlockAction::kXComponent);
-  CustomBlockAuthor::setFrame(widen.get(), 0, OdGePoint3d(kWidth - 100, -100, 0),
-                              OdGePoint3d(kWidth + 100, kHeight + 100, 0));
-  auto raise = author.addAction<CJbCustBlockStretchAction>(size.get(), kCorner, {outline, inner});
+  CJbCustBlockGraphAuthor::SetStretchFrame(widen.get(), 0, OdGePoint3d(kWidth - 100, -100, 0),
+                                           OdGePoint3d(kWidth + 100, kHeight + 100, 0));
+  auto raise =
+      author.AppendAction<CJbCustBlockStretchAction>(size.get(), kCorner, {outline, inner});
   raise->SetAngleOffsetAndDistanceMultiplier(1.0, 0.0, CJbCustBlockAction::kYComponent);
-  CustomBlockAuthor::setFrame(raise.get(), 0, OdGePoint3d(-100, kHeight - 100, 0),
-                              OdGePoint3d(kWidth + 100, kHeight + 100, 0));
-  auto tiles = author.addAction<CJbCustBlockArrayAction>(size.get(), kCorner, {tile});
+  CJbCustBlockGraphAuthor::SetStretchFrame(raise.get(), 0, OdGePoint3d(-100, kHeight - 100, 0),
+                                           OdGePoint3d(kWidth + 100, kHeight + 100, 0));
+  auto tiles = author.AppendAction<CJbCustBlockArrayAction>(size.get(), kCorner, {tile});
   tiles->SetColumnDistance(kTilePitch);
   tiles->SetRowDistance(kTilePitch);
 }

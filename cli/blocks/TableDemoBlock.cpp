@@ -16,27 +16,23 @@ std::string TableDemoBlock::description() const {
   return "length 1200 to 4800 in steps of 600, one chair per 600 on both sides";
 }
 
-void TableDemoBlock::author(CustomBlockAuthor& author) const {
+void TableDemoBlock::author(CJbCustBlockAuthor& author) const {
   const OdDbObjectId top =
-      author.addRectangle(OdGePoint3d::kOrigin, OdGePoint3d(kLength, kDepth, 0));
+      author.AddRectangle(OdGePoint3d::kOrigin, OdGePoint3d(kLength, kDepth, 0));
   const double inset = (kSeat - kChair) / 2;
   const OdDbObjectId front =
-      author.addRectangle(OdGePoint3d(inset, -kChair - 50, 0), OdGePoint3d(inset + kChair, -50, 0));
-  const OdDbObjectId back = author.addRectangle(
+      author.AddRectangle(OdGePoint3d(inset, -kChair - 50, 0), OdGePoint3d(inset + kChair, -50, 0));
+  const OdDbObjectId back = author.AddRectangle(
       OdGePoint3d(inset, kDepth + 50, 0), OdGePoint3d(inset + kChair, kDepth + 50 + kChair, 0));
 
-  auto length = author.addParameter<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(
+  auto length = author.AppendParameter<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(
       "Length", {OdGePoint3d::kOrigin, OdGePoint3d(kLength, 0, 0)}, {1});
-  CJbCustBlockParameterValueInfo* lengths = length->GetValueInfoForModify(0);
-  lengths->SetIncrement(kSeat, length.get());
-  lengths->SetMinimum(kLength, length.get());
-  const double maximum = 4800;
-  lengths->SetMaximum(&maximum, length.get());
+  CJbCustBlockGraphAuthor::SetValueSet(length.get(), 0, {kSeat, kLength, 4800});
 
-  auto stretch = author.addAction<CJbCustBlockStretchAction>(length.get(), 1, {top});
-  CustomBlockAuthor::setFrame(stretch.get(), 0, OdGePoint3d(kLength - 100, -100, 0),
-                              OdGePoint3d(kLength + 100, kDepth + 100, 0));
-  auto chairs = author.addAction<CJbCustBlockArrayAction>(length.get(), 1, {front, back});
+  auto stretch = author.AppendAction<CJbCustBlockStretchAction>(length.get(), 1, {top});
+  CJbCustBlockGraphAuthor::SetStretchFrame(stretch.get(), 0, OdGePoint3d(kLength - 100, -100, 0),
+                                           OdGePoint3d(kLength + 100, kDepth + 100, 0));
+  auto chairs = author.AppendAction<CJbCustBlockArrayAction>(length.get(), 1, {front, back});
   chairs->SetColumnDistance(kSeat);
 }
 

@@ -16,40 +16,39 @@ std::string WindowDemoBlock::description() const {
   return "size from a table: 600x900 or 900x1200";
 }
 
-void WindowDemoBlock::author(CustomBlockAuthor& author) const {
+void WindowDemoBlock::author(CJbCustBlockAuthor& author) const {
   const OdDbObjectId frame =
-      author.addRectangle(OdGePoint3d::kOrigin, OdGePoint3d(kWidth, kHeight, 0));
+      author.AddRectangle(OdGePoint3d::kOrigin, OdGePoint3d(kWidth, kHeight, 0));
   const OdDbObjectId glass =
-      author.addRectangle(OdGePoint3d(50, 50, 0), OdGePoint3d(kWidth - 50, kHeight - 50, 0));
+      author.AddRectangle(OdGePoint3d(50, 50, 0), OdGePoint3d(kWidth - 50, kHeight - 50, 0));
   const OdDbObjectId sill =
-      author.addLine(OdGePoint3d(0, kHeight / 2, 0), OdGePoint3d(kWidth, kHeight / 2, 0));
+      author.AddLine(OdGePoint3d(0, kHeight / 2, 0), OdGePoint3d(kWidth, kHeight / 2, 0));
 
-  auto width = author.addParameter<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(
+  auto width = author.AppendParameter<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(
       "WindowWidth", {OdGePoint3d::kOrigin, OdGePoint3d(kWidth, 0, 0)}, {1});
-  auto height = author.addParameter<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(
+  auto height = author.AppendParameter<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(
       "WindowHeight", {OdGePoint3d::kOrigin, OdGePoint3d(0, kHeight, 0)}, {1});
-  auto widen = author.addAction<CJbCustBlockStretchAction>(width.get(), 1, {frame, glass, sill});
-  CustomBlockAuthor::setFrame(widen.get(), 0, OdGePoint3d(kWidth - 100, -100, 0),
-                              OdGePoint3d(kWidth + 100, kHeight + 100, 0));
-  auto raise = author.addAction<CJbCustBlockStretchAction>(height.get(), 1, {frame, glass});
-  CustomBlockAuthor::setFrame(raise.get(), 0, OdGePoint3d(-100, kHeight - 100, 0),
-                              OdGePoint3d(kWidth + 100, kHeight + 100, 0));
+  auto widen = author.AppendAction<CJbCustBlockStretchAction>(width.get(), 1, {frame, glass, sill});
+  CJbCustBlockGraphAuthor::SetStretchFrame(widen.get(), 0, OdGePoint3d(kWidth - 100, -100, 0),
+                                           OdGePoint3d(kWidth + 100, kHeight + 100, 0));
+  auto raise = author.AppendAction<CJbCustBlockStretchAction>(height.get(), 1, {frame, glass});
+  CJbCustBlockGraphAuthor::SetStretchFrame(raise.get(), 0, OdGePoint3d(-100, kHeight - 100, 0),
+                                           OdGePoint3d(kWidth + 100, kHeight + 100, 0));
 
-  auto size = author.addParameter<CJbCustBlockLookupParameter, CJbCustBlockLookupGrip>(
+  auto size = author.AppendParameter<CJbCustBlockLookupParameter, CJbCustBlockLookupGrip>(
       "Size", {OdGePoint3d(kWidth / 2, -150, 0)}, {0});
   size->AddParameterId(width->GetElementId(), 0);
   size->AddParameterId(height->GetElementId(), 0);
   const double sizes[][2] = {{600, 900}, {900, 1200}};
-  for (const auto& row : sizes) {
-    const unsigned state = size->AddState();
-    size->SetStateName(state, (std::to_string(static_cast<int>(row[0])) + "x" +
-                               std::to_string(static_cast<int>(row[1])))
-                                  .c_str());
-    for (unsigned column = 0; column < 2; ++column)
-      size->SetParameterValue(column, state, OdResBuf::newRb(OdResBuf::kRtDouble, row[column]));
-  }
+  for (const auto& row : sizes)
+    CJbCustBlockGraphAuthor::AddLookupRow(
+        size.get(),
+        (std::to_string(static_cast<int>(row[0])) + "x" + std::to_string(static_cast<int>(row[1])))
+            .c_str(),
+        {OdResBuf::newRb(OdResBuf::kRtDouble, row[0]),
+         OdResBuf::newRb(OdResBuf::kRtDouble, row[1])});
   size->SetUnmatchedStateName("custom");
-  author.addAction<CJbCustBlockLookupAction>(size.get(), 0, {});
+  author.AppendAction<CJbCustBlockLookupAction>(size.get(), 0, {});
   size->UpdateColumnConnections();
 }
 

@@ -1,5 +1,6 @@
 // Shared set-up of the parameter tests.
 #include "ParameterTestSupport.h"
+#include "authoring/CJbCustBlockGraphAuthor.h"
 
 #include <stdexcept>
 
@@ -58,9 +59,7 @@ void ParameterTest::TearDownTestSuite() {
 }
 
 void ParameterTest::bind(CJbCustBlockParameter* parameter, unsigned index, CJbCustBlockGrip* grip) {
-  parameter->SetGrip(index, grip->GetElementId());
-  grip->AddConnection(parameter->GetElementId(), false, true);
-  grip->SetDefindedPosition(parameter->GetDefinedPosition(index));
+  CJbCustBlockGraphAuthor(parameter->GetGraph()).BindGrip(parameter, index, grip);
 }
 
 OdSmartPtr<TestAction> ParameterTest::addAction(CJbCustBlockParameter* parameter, unsigned index) {

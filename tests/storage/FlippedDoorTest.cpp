@@ -7,6 +7,7 @@
 #include "actions/CJbCustBlockFlipAction.h"
 #include "actions/CJbCustBlockRotateAction.h"
 #include "actions/CJbCustBlockScaleAction.h"
+#include "authoring/CJbCustBlockGraphAuthor.h"
 #include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"
@@ -42,10 +43,8 @@ OdSmartPtr<T> appendAction(CJbDbCustBlockGraph* graph, const CJbCustBlockParamet
 template <class T>
 int appendGrip(CJbDbCustBlockGraph* graph, CJbCustBlockParameter* parameter, unsigned index,
                const OdGeVector3d& offset = OdGeVector3d::kZero) {
-  OdSmartPtr<T> grip = append<T>(graph);
-  parameter->SetGrip(index, grip->GetElementId());
-  grip->AddConnection(parameter->GetElementId(), false, true);
-  grip->SetDefindedPosition(parameter->GetDefinedPosition(index));
+  OdSmartPtr<T> grip(new T);
+  CJbCustBlockGraphAuthor(graph).BindGrip(parameter, index, grip.get());
   grip->SetDefinitionOffset(offset);
   return grip->GetElementId();
 }

@@ -1,5 +1,6 @@
 // Shared set-up of the storage tests.
 #include "StorageTestSupport.h"
+#include "authoring/CJbCustBlockGraphAuthor.h"
 
 #include <unistd.h>
 
@@ -48,10 +49,7 @@ OdSmartPtr<Parameter> addParameter(CJbDbCustBlockGraph* graph, int& rightGrip) {
   parameter->SetDefinedPosition(1, OdGePoint3d(10, 0, 0));
   for (unsigned point = 0; point < 2; ++point) {
     OdSmartPtr<Grip> grip(new Grip);
-    graph->AppendNode(grip);
-    parameter->SetGrip(point, grip->GetElementId());
-    grip->AddConnection(parameter->GetElementId(), false, true);
-    grip->SetDefindedPosition(parameter->GetDefinedPosition(point));
+    CJbCustBlockGraphAuthor(graph).BindGrip(parameter.get(), point, grip.get());
     rightGrip = grip->GetElementId();
   }
   parameter->GetValueInfoForModify(0)->SetIncrement(5.0, parameter.get());
