@@ -16,7 +16,7 @@
 #include "authoring/CJbCustBlockAuthor.h"
 #include "cli/DrawingFile.h"
 #include "cli/ModuleLoading.h"
-#include "cli/blocks/DoorDemoBlock.h"
+#include "demo/DoorDemoBlock.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 

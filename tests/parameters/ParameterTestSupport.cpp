@@ -1,9 +1,9 @@
 // Shared set-up of the parameter tests.
 #include "ParameterTestSupport.h"
-#include "authoring/CJbCustBlockGraphAuthor.h"
 
 #include <stdexcept>
 
+#include "authoring/CJbCustBlockGraphAuthor.h"
 #include "core/CJbCustBlockCoreClasses.h"
 #include "core/CJbCustBlockElementFiler.h"
 #include "parameters/CJbCustBlock2PointParameterImpl.h"

@@ -2,7 +2,7 @@
 // head following its end.
 #pragma once
 
-#include "cli/blocks/DemoBlock.h"
+#include "demo/DemoBlock.h"
 
 class LampArmDemoBlock : public DemoBlock {
  public:

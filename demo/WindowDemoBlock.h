@@ -2,7 +2,7 @@
 // "900x1200", or set by width and height.
 #pragma once
 
-#include "cli/blocks/DemoBlock.h"
+#include "demo/DemoBlock.h"
 
 class WindowDemoBlock : public DemoBlock {
  public:

@@ -1,4 +1,4 @@
-#include "cli/blocks/LampArmDemoBlock.h"
+#include "demo/LampArmDemoBlock.h"
 
 #include "actions/CJbCustBlockPolarStretchAction.h"
 #include "parameters/CJbCustBlockPolarParameter.h"

@@ -2,7 +2,7 @@
 // both sides.
 #pragma once
 
-#include "cli/blocks/DemoBlock.h"
+#include "demo/DemoBlock.h"
 
 class TableDemoBlock : public DemoBlock {
  public:

@@ -2,6 +2,7 @@
 // edits that each of its references gets (typed as `jbcb set` takes them).
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,6 +13,9 @@ class DemoBlock {
  public:
   // NAME=VALUE pairs applied to one reference, in order.
   using Edits = std::vector<std::pair<std::string, std::string>>;
+
+  // Every block of the demonstration, in the order it draws them.
+  static std::vector<std::unique_ptr<DemoBlock>> All();
 
   virtual ~DemoBlock() = default;
   virtual OdString name() const = 0;

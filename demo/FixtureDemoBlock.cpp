@@ -1,4 +1,4 @@
-#include "cli/blocks/FixtureDemoBlock.h"
+#include "demo/FixtureDemoBlock.h"
 
 #include "actions/CJbCustBlockScaleAction.h"
 #include "parameters/CJbCustBlockLinearParameter.h"

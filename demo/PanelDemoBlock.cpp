@@ -1,4 +1,4 @@
-#include "cli/blocks/PanelDemoBlock.h"
+#include "demo/PanelDemoBlock.h"
 
 #include "actions/CJbCustBlockArrayAction.h"
 #include "actions/CJbCustBlockStretchAction.h"

@@ -2,7 +2,7 @@
 // 100 wide and 50 high.
 #pragma once
 
-#include "cli/blocks/DemoBlock.h"
+#include "demo/DemoBlock.h"
 
 class PanelDemoBlock : public DemoBlock {
  public:

@@ -1,7 +1,7 @@
 // A round washbasin scaled whole by its diameter.
 #pragma once
 
-#include "cli/blocks/DemoBlock.h"
+#include "demo/DemoBlock.h"
 
 class FixtureDemoBlock : public DemoBlock {
  public:

@@ -1,4 +1,4 @@
-#include "cli/blocks/WindowDemoBlock.h"
+#include "demo/WindowDemoBlock.h"
 
 #include "actions/CJbCustBlockLookupAction.h"
 #include "actions/CJbCustBlockStretchAction.h"

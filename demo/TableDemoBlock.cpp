@@ -1,4 +1,4 @@
-#include "cli/blocks/TableDemoBlock.h"
+#include "demo/TableDemoBlock.h"
 
 #include "actions/CJbCustBlockArrayAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
