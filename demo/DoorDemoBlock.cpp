@@ -90,6 +90,7 @@ DoorDemoBlock::Parts DoorDemoBlock::build(CJbCustBlockAuthor& author) const {
   if (m_options.look) {
     auto look = author.AppendParameter<CJbCustBlockVisibilityParameter, CJbCustBlockVisibilityGrip>(
         "Look", {OdGePoint3d(width / 2, -3 * depth, 0)}, {0});
+    parts.look = look->GetElementId();
     look->AddState("Open", {closedLeaf}, {});
     OdArray<int> closedElements;
     if (leafAngle) closedElements.append(leafAngle->GetElementId());

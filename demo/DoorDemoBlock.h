@@ -23,6 +23,7 @@ class DoorDemoBlock : public DemoBlock {
   struct Parts {
     int width = 0;
     int widthGrip = 0;
+    int look = 0;  // the visibility parameter, when the door has looks
     OdDbObjectId frame;
     OdDbObjectId swing;
     OdDbObjectId label;
