@@ -44,10 +44,8 @@ class BlockTableRecordCloner : public OdStaticRxObject<OdRxEventReactor> {
 
 }  // namespace
 
-OdDbObjectId CJbCustBlockCopier::CopyBlockTableRecord(const OdDbObjectId& blockId,
-                                                      OdDbIdMappingPtr& mapping) {
+OdDbObjectId CJbCustBlockCopier::CopyBlock(const OdDbObjectId& blockId) {
   if (blockId.isNull()) return OdDbObjectId::kNull;
-  if (mapping.isNull()) mapping = OdDbIdMapping::createObject();
   OdDbObjectId tableId;
   if (OdDbObjectPtr block = blockId.openObjectShared(OdDb::kForRead))
     tableId = block->ownerId();
@@ -55,19 +53,18 @@ OdDbObjectId CJbCustBlockCopier::CopyBlockTableRecord(const OdDbObjectId& blockI
     return OdDbObjectId::kNull;
   {
     const CJbCustBlockDeepCloneReactor::Suspension ownCopy;
-    const BlockTableRecordCloner cloner(blockId, mapping.get());
-    blockId.database()->deepCloneObjects(OdDbObjectIdArray{blockId}, tableId, *mapping, false);
+    const BlockTableRecordCloner cloner(blockId, &m_mapping);
+    blockId.database()->deepCloneObjects(OdDbObjectIdArray{blockId}, tableId, m_mapping, false);
   }
-  const OdDbObjectId cloneId = Access::CloneOf(*mapping, blockId);
+  const OdDbObjectId cloneId = Access::CloneOf(m_mapping, blockId);
   if (cloneId.isNull()) return cloneId;
   CJbDbCustBlockStorage::RemoveBlockCustomization(cloneId, true, true);
   return cloneId;
 }
 
-CJbCustBlockResult CJbCustBlockCopier::CopyBlockInstance(const OdDbObjectId& sourceBlockId,
-                                                         const OdDbObjectId& masterId,
-                                                         const OdDbObjectId& newBlockId,
-                                                         OdDbIdMapping& mapping) {
+CJbCustBlockResult CJbCustBlockCopier::CopyState(const OdDbObjectId& sourceBlockId,
+                                                 const OdDbObjectId& masterId,
+                                                 const OdDbObjectId& newBlockId) {
   CJbDbCustBlockGraphPtr updated;
   {
     CJbDbCustBlockStoragePtr source =
@@ -85,7 +82,7 @@ CJbCustBlockResult CJbCustBlockCopier::CopyBlockInstance(const OdDbObjectId& sou
                                        {Access::NameOf(masterId)});
   CJbDbCustBlockGraphInstanceContext context(StateRecord::kPlainState, masterId.database());
   OdResBufPtr chain = updated->SaveInstance(&context);
-  TranslateStateIds(chain.get(), mapping);
+  TranslateStateIds(chain.get(), m_mapping);
   return storage->SetCustomData(masterId, newBlockId, chain);
 }
 
@@ -98,10 +95,9 @@ void CJbCustBlockCopier::TranslateStateIds(OdResBuf* chain, const OdDbIdMapping&
   }
 }
 
-CJbCustBlockResult CJbCustBlockCopier::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
-                                                       const OdDbObjectId& destBlockId,
-                                                       OdDbIdMapping& mapping,
-                                                       bool insideCloneOperation) {
+CJbCustBlockResult CJbCustBlockCopier::CopyMaster(const OdDbObjectId& sourceBlockId,
+                                                  const OdDbObjectId& destBlockId,
+                                                  bool insideCloneOperation) {
   OdDbDatabase* destDb = destBlockId.database();
   OdDbDatabase* sourceDb = sourceBlockId.database();
   if (!destDb || !sourceDb)
@@ -131,7 +127,7 @@ CJbCustBlockResult CJbCustBlockCopier::CopyMasterBlock(const OdDbObjectId& sourc
       return found;
   }
   if (!sameBlock) {
-    OdDbObjectId graphId = CloneGraph(sourceGraphId, storage.get(), mapping, insideCloneOperation);
+    OdDbObjectId graphId = CloneGraph(sourceGraphId, storage.get(), insideCloneOperation);
     if (graphId.isNull())
       return CJbCustBlockResult::Failure(eNotApplicable,
                                          "The evaluation graph of block \"%1\" cannot be copied.",
@@ -140,7 +136,7 @@ CJbCustBlockResult CJbCustBlockCopier::CopyMasterBlock(const OdDbObjectId& sourc
         !appended)
       return appended;
   }
-  TranslateStateIds(sourceState.get(), mapping);
+  TranslateStateIds(sourceState.get(), m_mapping);
   storage->SetCustomData(destBlockId, sourceState);
   CJbDbCustBlockGraphPtr destGraph;
   if (storage->GetUpdatedGraph(destBlockId, destGraph)) {
@@ -197,9 +193,9 @@ std::vector<CJbCustBlockCopier::RememberedInstance> CJbCustBlockCopier::Remember
 }
 
 OdDbObjectId CJbCustBlockCopier::CloneGraph(const OdDbObjectId& graphId,
-                                            CJbDbCustBlockStorage* storage, OdDbIdMapping& mapping,
+                                            CJbDbCustBlockStorage* storage,
                                             bool insideCloneOperation) {
-  const OdDbObjectId cloned = Access::CloneOf(mapping, graphId);
+  const OdDbObjectId cloned = Access::CloneOf(m_mapping, graphId);
   if (!cloned.isNull()) return cloned;
   const CJbCustBlockDeepCloneReactor::Suspension ownCopy;
   OdDbDatabase* sourceDb = graphId.database();
@@ -207,16 +203,16 @@ OdDbObjectId CJbCustBlockCopier::CloneGraph(const OdDbObjectId& graphId,
   if (insideCloneOperation) {
     CJbDbCustBlockGraphPtr graph = Access::Open<CJbDbCustBlockGraph>(graphId, OdDb::kForRead);
     if (graph.isNull()) return OdDbObjectId::kNull;
-    OdDbObjectPtr clone = otherDrawing ? graph->wblockClone(mapping, storage, true)
-                                       : graph->deepClone(mapping, storage, true);
+    OdDbObjectPtr clone = otherDrawing ? graph->wblockClone(m_mapping, storage, true)
+                                       : graph->deepClone(m_mapping, storage, true);
     return clone->objectId();
   }
   const OdDbObjectIdArray ids{graphId};
   if (otherDrawing)
-    sourceDb->wblockCloneObjects(ids, storage->objectId(), mapping, OdDb::kDrcIgnore);
+    sourceDb->wblockCloneObjects(ids, storage->objectId(), m_mapping, OdDb::kDrcIgnore);
   else
-    sourceDb->deepCloneObjects(ids, storage->objectId(), mapping);
-  return Access::CloneOf(mapping, graphId);
+    sourceDb->deepCloneObjects(ids, storage->objectId(), m_mapping);
+  return Access::CloneOf(m_mapping, graphId);
 }
 
 int CJbCustBlockCopier::RebuildInstances(CJbDbCustBlockStorage* storage,

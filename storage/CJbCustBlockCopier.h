@@ -1,6 +1,6 @@
 // Copies of customizable blocks: a block copied into a new anonymous block, the instance state of
 // a block carried to its copy, and a master copied with its graph onto another block, keeping
-// that block's instances. The storage's static copy operations are these.
+// that block's instances. The storage's static copy operations are made of these.
 #pragma once
 
 #include <vector>
@@ -14,14 +14,19 @@ class CJbDbCustBlockStorage;
 
 class CJbCustBlockCopier {
  public:
-  static OdDbObjectId CopyBlockTableRecord(const OdDbObjectId& blockId, OdDbIdMappingPtr& mapping);
-  static CJbCustBlockResult CopyBlockInstance(const OdDbObjectId& sourceBlockId,
-                                              const OdDbObjectId& masterId,
-                                              const OdDbObjectId& newBlockId,
-                                              OdDbIdMapping& mapping);
-  static CJbCustBlockResult CopyMasterBlock(const OdDbObjectId& sourceBlockId,
-                                            const OdDbObjectId& destBlockId, OdDbIdMapping& mapping,
-                                            bool insideCloneOperation);
+  // Copies through `mapping`: the clones of what is copied are found there, and the ids of the
+  // state carried along are translated through it.
+  explicit CJbCustBlockCopier(OdDbIdMapping& mapping) : m_mapping(mapping) {}
+
+  // A new anonymous copy of the block, stripped of customization; null when nothing was copied.
+  OdDbObjectId CopyBlock(const OdDbObjectId& blockId);
+  // Registers newBlockId as an instance of `masterId` carrying the state of sourceBlockId.
+  CJbCustBlockResult CopyState(const OdDbObjectId& sourceBlockId, const OdDbObjectId& masterId,
+                               const OdDbObjectId& newBlockId);
+  // Makes destBlockId a master with a copy of sourceBlockId's customization, keeping its
+  // instances.
+  CJbCustBlockResult CopyMaster(const OdDbObjectId& sourceBlockId, const OdDbObjectId& destBlockId,
+                                bool insideCloneOperation);
   // Rewrites the object ids (group code 330 only) of a state chain through a clone mapping.
   static void TranslateStateIds(OdResBuf* chain, const OdDbIdMapping& mapping);
 
@@ -41,10 +46,12 @@ class CJbCustBlockCopier {
   static std::vector<RememberedInstance> RememberInstances(CJbDbCustBlockStorage* storage,
                                                            const OdDbObjectId& masterId);
   // The clone of the graph the mapping holds, or a new one owned by the storage.
-  static OdDbObjectId CloneGraph(const OdDbObjectId& graphId, CJbDbCustBlockStorage* storage,
-                                 OdDbIdMapping& mapping, bool insideCloneOperation);
+  OdDbObjectId CloneGraph(const OdDbObjectId& graphId, CJbDbCustBlockStorage* storage,
+                          bool insideCloneOperation);
   // Each remembered instance as a new instance of the master in its remembered state; the
   // number of instances whose state no longer fits and that were reset.
   static int RebuildInstances(CJbDbCustBlockStorage* storage, const OdDbObjectId& masterId,
                               const std::vector<RememberedInstance>& remembered);
+
+  OdDbIdMapping& m_mapping;
 };

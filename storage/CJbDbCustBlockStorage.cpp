@@ -408,22 +408,22 @@ void CJbDbCustBlockStorage::SwapBlockIds(const OdDbObjectId& blockA, const OdDbO
 
 OdDbObjectId CJbDbCustBlockStorage::CopyBlockTableRecord(const OdDbObjectId& blockId,
                                                          OdDbIdMappingPtr& mapping) {
-  return CJbCustBlockCopier::CopyBlockTableRecord(blockId, mapping);
+  if (mapping.isNull()) mapping = OdDbIdMapping::createObject();
+  return CJbCustBlockCopier(*mapping).CopyBlock(blockId);
 }
 
 CJbCustBlockResult CJbDbCustBlockStorage::CopyBlockInstance(const OdDbObjectId& sourceBlockId,
                                                             const OdDbObjectId& masterId,
                                                             const OdDbObjectId& newBlockId,
                                                             OdDbIdMapping& mapping) {
-  return CJbCustBlockCopier::CopyBlockInstance(sourceBlockId, masterId, newBlockId, mapping);
+  return CJbCustBlockCopier(mapping).CopyState(sourceBlockId, masterId, newBlockId);
 }
 
 CJbCustBlockResult CJbDbCustBlockStorage::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
                                                           const OdDbObjectId& destBlockId,
                                                           OdDbIdMapping& mapping,
                                                           bool insideCloneOperation) {
-  return CJbCustBlockCopier::CopyMasterBlock(sourceBlockId, destBlockId, mapping,
-                                             insideCloneOperation);
+  return CJbCustBlockCopier(mapping).CopyMaster(sourceBlockId, destBlockId, insideCloneOperation);
 }
 
 void CJbDbCustBlockStorage::ApplyMappingToCustomData(OdResBufPtr chain,
