@@ -2,12 +2,12 @@
 // copies, filing, the audit and another application's round-trip data live in their own files.
 #include "storage/CJbDbCustBlockStorage.h"
 
+#include <vector>
+
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbXrecord.h"
 #include "platform/db/entities/OdDbBlockReference.h"
-#include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/rx/OdRxClass.h"
 #include "storage/CJbCustBlockCopier.h"
