@@ -24,14 +24,15 @@ OdRxClass* gripKindOf(const OdRxClass* kind) {
 }
 }  // namespace
 
-CJbCustBlockParameterPtr CJbCustBlockGraphAuthor::AppendParameter(const OdRxClass* kind) {
+CJbCustBlockParameterPtr CJbCustBlockGraphAuthor::AppendParameter(
+    const OdRxClass* kind, const OdString& property, const OdArray<OdGePoint3d>& points) {
   const CJbCustBlockParameterPtr parameter = create<CJbCustBlockParameter>(kind, "parameter kind");
   OdArray<CJbCustBlockGripPtr> grips;
   if (OdRxClass* gripKind = gripKindOf(kind)) {
     for (unsigned index = 0; index < parameter->GetPointCount(); ++index)
       grips.append(create<CJbCustBlockGrip>(gripKind, "grip kind"));
   }
-  m_graph->AppendNode(parameter);
+  Place(parameter.get(), property, points);
   for (unsigned index = 0; index < grips.length(); ++index)
     BindGrip(parameter.get(), index, grips[index].get());
   return parameter;

@@ -33,9 +33,12 @@ class CJbCustBlockGraphAuthor {
   explicit CJbCustBlockGraphAuthor(CJbDbCustBlockGraph* graph) : m_graph(graph) {}
   CJbDbCustBlockGraph* Graph() const { return m_graph; }
 
-  // A parameter of a registered kind with a grip of the kind its editing utilities name bound
-  // to each of its points; eNotApplicable for a kind that is no parameter.
-  CJbCustBlockParameterPtr AppendParameter(const OdRxClass* kind);
+  // A parameter of a registered kind placed at `points` (where given) whose first value is the
+  // property `property` (none when empty), with a grip of the kind its editing utilities name
+  // bound to each of its points; eNotApplicable for a kind that is no parameter.
+  CJbCustBlockParameterPtr AppendParameter(const OdRxClass* kind,
+                                           const OdString& property = OdString(),
+                                           const OdArray<OdGePoint3d>& points = {});
   // A parameter placed at `points` whose first value is the property `property` (none when
   // empty); the points listed in `grippedPoints` get a grip of kind Grip.
   template <class Parameter, class Grip = void>

@@ -57,8 +57,11 @@ TEST_F(GraphAuthorTest, ActionsTakeOnlyParametersTheyAcceptAndKindsMustFit) {
   EXPECT_EQ(graph->GetAllNodeIds().length(), nodes);
 
   // Without editing utilities for its kind, a parameter comes without grips.
-  const CJbCustBlockParameterPtr bare = author.AppendParameter(CJbCustBlockLinearParameter::desc());
+  const CJbCustBlockParameterPtr bare = author.AppendParameter(
+      CJbCustBlockLinearParameter::desc(), "Depth", {OdGePoint3d(0, 5, 0), OdGePoint3d(0, 9, 0)});
   EXPECT_EQ(bare->GetGrip(0), 0);
+  EXPECT_EQ(bare->GetValueInfo(0)->GetName(), OdString("Depth"));
+  EXPECT_NEAR(bare->GetValue(0)->getDouble(), 4, 1e-9);
   EXPECT_EQ(graph->GetAllNodeIds().length(), nodes + 1);
 }
 
