@@ -2,13 +2,13 @@
 // head following its end.
 #pragma once
 
-#include "cli/blocks/DemoBlock.h"
+#include "demo/DemoBlock.h"
 
 class LampArmDemoBlock : public DemoBlock {
  public:
   OdString name() const override { return "LampArm"; }
   std::string description() const override;
-  void author(CustomBlockAuthor& author) const override;
+  void author(CJbCustBlockAuthor& author) const override;
   std::vector<Edits> references() const override;
   double spacing() const override { return 1200; }
 };

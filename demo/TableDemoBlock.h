@@ -2,13 +2,13 @@
 // both sides.
 #pragma once
 
-#include "cli/blocks/DemoBlock.h"
+#include "demo/DemoBlock.h"
 
 class TableDemoBlock : public DemoBlock {
  public:
   OdString name() const override { return "Table"; }
   std::string description() const override;
-  void author(CustomBlockAuthor& author) const override;
+  void author(CJbCustBlockAuthor& author) const override;
   std::vector<Edits> references() const override;
   double spacing() const override { return 5200; }
 };

@@ -2,13 +2,13 @@
 // 100 wide and 50 high.
 #pragma once
 
-#include "cli/blocks/DemoBlock.h"
+#include "demo/DemoBlock.h"
 
 class PanelDemoBlock : public DemoBlock {
  public:
   OdString name() const override { return "Panel"; }
   std::string description() const override;
-  void author(CustomBlockAuthor& author) const override;
+  void author(CJbCustBlockAuthor& author) const override;
   std::vector<Edits> references() const override;
   double spacing() const override { return 1600; }
 };
