@@ -23,13 +23,19 @@ void CJbCustBlockOutsideData::RemoveFromBlock(OdDbBlockTableRecordPtr& block) {
     converter->RemoveOutsideData(blockId);
     return;
   }
+  StripBlock(block.get());
+}
+
+void CJbCustBlockOutsideData::StripBlock(OdDbBlockTableRecord* block) {
   const OdDbObjectId dictionaryId = block->extensionDictionary();
   if (!dictionaryId.isNull()) {
     if (OdDbDictionaryPtr dictionary =
             CJbCustBlockObjectAccess::Open<OdDbDictionary>(dictionaryId, OdDb::kForWrite)) {
-      CJbCustBlockObjectAccess::Erase(dictionary->getAt(kEnhancedBlockKey));
-      dictionary->remove(kEnhancedBlockKey);
-      dictionary->remove(kRoundTripPurgePreventerKey);
+      // Erased, not only unlisted: a record without its owner would still be written.
+      for (const char* key : {kEnhancedBlockKey, kRoundTripPurgePreventerKey}) {
+        CJbCustBlockObjectAccess::EraseOwnedBy(dictionaryId, dictionary->getAt(key));
+        dictionary->remove(key);
+      }
     }
     block->releaseExtensionDictionary();
   }
@@ -43,10 +49,17 @@ void CJbCustBlockOutsideData::RemoveFromBlock(OdDbBlockTableRecordPtr& block) {
 void CJbCustBlockOutsideData::RestoreReference(OdDbBlockReference* reference) {
   const OdDbObjectId dynamicBlockId = CJbUtils::GetDynBlockId(reference->objectId());
   if (dynamicBlockId.isValid()) reference->setBlockTableRecord(dynamicBlockId);
+  DropRepresentation(reference);
+}
+
+void CJbCustBlockOutsideData::DropRepresentation(OdDbBlockReference* reference) {
   const OdDbObjectId dictionaryId = reference->extensionDictionary();
   if (dictionaryId.isNull()) return;
   if (OdDbDictionaryPtr dictionary =
-          CJbCustBlockObjectAccess::Open<OdDbDictionary>(dictionaryId, OdDb::kForWrite))
+          CJbCustBlockObjectAccess::Open<OdDbDictionary>(dictionaryId, OdDb::kForWrite)) {
+    CJbCustBlockObjectAccess::EraseOwnedBy(dictionaryId,
+                                           dictionary->getAt(kBlockRepresentationKey));
     dictionary->remove(kBlockRepresentationKey);
+  }
   reference->releaseExtensionDictionary();
 }

@@ -11,7 +11,11 @@ class CJbCustBlockOutsideData {
   // opens the block itself (so `block` is let go first), else the known records and extended
   // data by hand.
   static void RemoveFromBlock(OdDbBlockTableRecordPtr& block);
+  // The known records and extended data, stripped by hand from a block held open for write.
+  static void StripBlock(OdDbBlockTableRecord* block);
   // Points a reference held open for write back at its dynamic block, when the host knows one,
   // and drops the representation record the other application keeps on it.
   static void RestoreReference(OdDbBlockReference* reference);
+  // Erases the representation record of a reference held open for write.
+  static void DropRepresentation(OdDbBlockReference* reference);
 };

@@ -121,13 +121,20 @@ TEST_F(StorageAuditTest, OutsideRoundTripDataIsStrippedFromBlocksAndReferences) 
     open<OdDbDictionary>(reference->extensionDictionary(), OdDb::kForWrite)
         ->setAt("AcDbBlockRepresentation", OdDbXrecord::createObject().get());
   }
-  const OdDbObjectId enhanced =
-      open<OdDbDictionary>(open<OdDbBlockTableRecord>(block)->extensionDictionary())
-          ->getAt("ACAD_ENHANCEDBLOCK");
+  OdDbDictionaryPtr outside =
+      open<OdDbDictionary>(open<OdDbBlockTableRecord>(block)->extensionDictionary());
+  const OdDbObjectId enhanced = outside->getAt("ACAD_ENHANCEDBLOCK");
+  const OdDbObjectId preventer = outside->getAt("AcDbDynamicBlockRoundTripPurgePreventer");
+  const OdDbObjectId representation =
+      open<OdDbDictionary>(open<OdDbBlockReference>(references[0])->extensionDictionary())
+          ->getAt("AcDbBlockRepresentation");
+  outside.release();
   CJbDbCustBlockStorage::RemoveBlockCustomization(block, false, true);
   OdDbBlockTableRecordPtr record = open<OdDbBlockTableRecord>(block);
   OdDbDictionaryPtr dictionary = open<OdDbDictionary>(record->extensionDictionary());
+  // Erased, not only taken out of the dictionary: a record without its owner is still written.
   EXPECT_TRUE(enhanced.isErased());
+  EXPECT_TRUE(preventer.isErased());
   EXPECT_FALSE(dictionary->has("AcDbDynamicBlockRoundTripPurgePreventer"));
   EXPECT_TRUE(dictionary->has("JbPurgePreventor"));
   EXPECT_TRUE(record->xData("AcDbDynamicBlockGUID").isNull());
@@ -152,6 +159,7 @@ TEST_F(StorageAuditTest, OutsideRoundTripDataIsStrippedFromBlocksAndReferences) 
   EXPECT_FALSE(storage()->IsBlockCustomizable(block));
   EXPECT_EQ(blockOf(references[0]), door);
   EXPECT_TRUE(open<OdDbBlockReference>(references[0])->extensionDictionary().isNull());
+  EXPECT_TRUE(representation.isErased());
 }
 
 TEST_F(StorageAuditTest, OlderGraphsAndStateAreBroughtToTheCurrentFormat) {
