@@ -121,6 +121,7 @@ void CJbCustomizableBlocksModuleImpl::InitApp() {
     AttachProperties();
     AttachGripPoints();
     RegisterCommands();
+    InstallHostServices();
   } catch (...) {
     UninitApp();
     throw;
@@ -193,6 +194,15 @@ void CJbCustomizableBlocksModuleImpl::AttachGripPoints() {
   OdRxClass* references = OdDbBlockReference::desc();
   AttachExtension(references, OdDbGripPointsPE::desc(), &m_blockInstanceGripPoints);
   AttachExtension(references, CJbGripPointsPE::desc(), &m_blockRefGripPoints);
+}
+
+void CJbCustomizableBlocksModuleImpl::InstallHostServices() {
+  auto converter = std::make_shared<CJbCustBlockConverterUtils*>();
+  Step([this, converter] { *converter = CJbCustBlockConverterUtils::Set(&m_outsideConverter); },
+       [converter] { CJbCustBlockConverterUtils::Set(*converter); });
+  auto utils = std::make_shared<CJbUtils*>();
+  Step([this, utils] { *utils = CJbUtils::Set(&m_outsideDefinitionLookup); },
+       [utils] { CJbUtils::Set(*utils); });
 }
 
 void CJbCustomizableBlocksModuleImpl::RegisterCommands() {

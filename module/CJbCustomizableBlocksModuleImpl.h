@@ -6,6 +6,8 @@
 #include <memory>
 #include <vector>
 
+#include "adoption/CJbOutsideBlockConverterUtils.h"
+#include "adoption/CJbOutsideDefinitionLookup.h"
 #include "module/CJbCustBlockDraggingPreviewFactory.h"
 #include "module/commands/CJbCommandBAction.h"
 #include "module/commands/CJbCommandBActionBar.h"
@@ -77,6 +79,9 @@ class CJbCustomizableBlocksModuleImpl {
   void AttachProperties();
   void AttachGripPoints();
   void RegisterCommands();
+  // The converter of other programs' parametric blocks and the look-up of a reference's outside
+  // definition become the host's, and the ones before come back on undo.
+  void InstallHostServices();
   // Lends `extension` to `cls` under `protocol`, giving back what it replaced on undo.
   void AttachExtension(OdRxClass* cls, OdRxClass* protocol, OdRxObject* extension);
 
@@ -134,5 +139,7 @@ class CJbCustomizableBlocksModuleImpl {
   OdStaticRxObject<CJbQtCommandBVState> m_qtCommandBVState;
   OdStaticRxObject<CJbQtCommandBLookupTable> m_qtCommandBLookupTable;
   OdStaticRxObject<CJbQtCommandBCycleOrder> m_qtCommandBCycleOrder;
+  CJbOutsideBlockConverterUtils m_outsideConverter;
+  CJbOutsideDefinitionLookup m_outsideDefinitionLookup;
   std::vector<std::function<void()>> m_undo;
 };
