@@ -7,7 +7,11 @@ const CJbOutsideBlock::Parameter* CJbOutsideBlock::FindParameter(int node) const
 }
 
 OdString CJbOutsideBlock::NameOf(int node) const {
-  if (const Parameter* parameter = FindParameter(node)) return parameter->name;
+  for (const Parameter& parameter : parameters) {
+    if (parameter.node == node) return parameter.name;
+    for (const Grip& grip : parameter.grips)
+      if (grip.node == node) return grip.name;
+  }
   for (const Action& action : actions)
     if (action.node == node) return action.name;
   return OdString();

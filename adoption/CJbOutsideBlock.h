@@ -68,7 +68,7 @@ class CJbOutsideBlock {
   std::vector<Unconverted> unconverted;
 
   const Parameter* FindParameter(int node) const;
-  // The parameter or action of a node, for messages; empty for another node.
+  // The name of the parameter, grip or action of a node; empty for another node.
   OdString NameOf(int node) const;
   // How many parts of each kind are not converted.
   std::map<OdString, int> UnconvertedByKind() const;

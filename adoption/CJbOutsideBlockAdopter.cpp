@@ -4,6 +4,7 @@
 
 #include "adoption/CJbOutsideBlockReader.h"
 #include "adoption/CJbOutsideGraphBuilder.h"
+#include "adoption/CJbOutsideRecord.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "parameters/CJbCustBlockFlipParameter.h"
@@ -12,6 +13,7 @@
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/OdDbEntity.h"
 #include "platform/db/entities/OdDbBlockReference.h"
+#include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "storage/CJbCustBlockCopier.h"
 #include "storage/CJbCustBlockObjectAccess.h"
@@ -71,7 +73,7 @@ CJbOutsideBlockAdopter::Outcome CJbOutsideBlockAdopter::Adopt(const CJbOutsideDr
   try {
     outcome.block = CJbOutsideBlockReader::Read(blockId);
   } catch (const OdError& error) {
-    outcome.failure = error.description();
+    outcome.failure = CJbOutsideRecord::Reason(error);
     return outcome;
   }
   outcome.notConverted = outcome.block.unconverted;
@@ -84,7 +86,7 @@ CJbOutsideBlockAdopter::Outcome CJbOutsideBlockAdopter::Adopt(const CJbOutsideDr
   try {
     adopter.RegisterMaster();
   } catch (const OdError& error) {
-    outcome.failure = error.description();
+    outcome.failure = CJbOutsideRecord::Reason(error);
     return outcome;
   }
   CJbDbCustBlockStorage::RemoveBlockCustomization(blockId, false, true);
@@ -93,7 +95,7 @@ CJbOutsideBlockAdopter::Outcome CJbOutsideBlockAdopter::Adopt(const CJbOutsideDr
       adopter.AdoptInstance(instanceBlock, instance);
     } catch (const OdError& error) {
       for (const OdDbObjectId& reference : instance.references)
-        adopter.NotConverted(reference, error.description());
+        adopter.NotConverted(reference, CJbOutsideRecord::Reason(error));
     }
   }
   for (const OdDbObjectId& reference : adopter.m_direct) {
@@ -132,7 +134,7 @@ void CJbOutsideBlockAdopter::PrepareInstances(const std::vector<OdDbObjectId>& r
       fits[shown] = true;
     } catch (const OdError& error) {
       fits[shown] = false;
-      NotConverted(referenceId, error.description());
+      NotConverted(referenceId, CJbOutsideRecord::Reason(error));
     }
   }
 }
@@ -187,6 +189,7 @@ void CJbOutsideBlockAdopter::RegisterMaster() {
       CJbDbCustBlockStorage::GetStorage(database, OdDb::kForWrite, true);
   if (storage->IsBlockCustomizable(m_blockId))
     throw OdError(eDuplicateKey, "the block is customizable already");
+  TakeShownName();
   OdDbObjectId graphId = database->addOdDbObject(graph.get());
   graph.release();
   if (const CJbCustBlockResult appended = storage->AppendMasterBlock(m_blockId, graphId);
@@ -201,6 +204,19 @@ void CJbOutsideBlockAdopter::RegisterMaster() {
     if (const CJbCustBlockVisibilityParameterPtr visibility =
             CJbCustBlockVisibilityParameter::cast(graph->GetNode(id).get()))
       visibility->ForceHideEntitiesForDefaultState();
+}
+
+void CJbOutsideBlockAdopter::TakeShownName() {
+  const OdDbBlockTableRecordPtr block(m_blockId.safeOpenObject(OdDb::kForWrite));
+  const OdString& shown = m_outcome.block.name;
+  if (!block->isAnonymous() || shown == block->getName()) return;
+  const OdSmartPtr<OdDbBlockTable> table(block->database()->getBlockTableId().safeOpenObject());
+  if (!table->getAt(shown).isNull()) return;
+  try {
+    block->setName(shown);
+  } catch (const OdError&) {
+    // A name that is no valid block name stays recorded only; the block keeps its own.
+  }
 }
 
 void CJbOutsideBlockAdopter::AdoptInstance(const OdDbObjectId& blockId, const Instance& instance) {

@@ -47,6 +47,10 @@ class CJbOutsideBlockAdopter {
   Instance ReadInstance(const CJbOutsideReference& reference, const OdDbObjectId& blockId) const;
   // Builds the graph and registers the block as its master.
   void RegisterMaster();
+  // A definition the other program keeps under an anonymous name (as older file versions make
+  // it) takes the name that program shows, when no other block has it: the record of that name
+  // is outside data, which goes.
+  void TakeShownName();
   void AdoptInstance(const OdDbObjectId& blockId, const Instance& instance);
   void NotConverted(const OdDbObjectId& reference, const OdString& reason);
 

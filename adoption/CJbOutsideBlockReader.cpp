@@ -176,7 +176,7 @@ void CJbOutsideBlockReader::ReadNode(const Node& node) {
     expectEnd(record);
     m_block.parameters.push_back(parameter);
   } catch (const OdError& error) {
-    Unconverted(node.kind, name, error.description());
+    Unconverted(node.kind, name, CJbOutsideRecord::Reason(error));
   }
 }
 

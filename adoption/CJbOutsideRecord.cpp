@@ -23,6 +23,12 @@ void CJbOutsideRecord::Fail(const std::string& problem) const {
                 m_what.str() + ", item " + std::to_string(m_position) + ": " + problem);
 }
 
+OdString CJbOutsideRecord::Reason(const OdError& error) {
+  const std::string& text = error.description();
+  const std::size_t colon = text.find(": ");
+  return colon == std::string::npos ? text : text.substr(colon + 2);
+}
+
 OdResBufPtr CJbOutsideRecord::Take(int code) {
   if (AtEnd())
     Fail("expected group code " + std::to_string(code) + ", found the end of the object");

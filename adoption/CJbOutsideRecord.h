@@ -43,6 +43,8 @@ class CJbOutsideRecord {
 
   // OdError (eInvalidInput) naming the object and the current item.
   [[noreturn]] void Fail(const std::string& problem) const;
+  // What an error says, without the name of its code, as a reason shown to users reads.
+  static OdString Reason(const OdError& error);
 
  private:
   // The next item, which must have `code`; the cursor moves past it.
