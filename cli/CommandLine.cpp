@@ -4,6 +4,7 @@
 
 #include <iostream>
 
+#include "cli/commands/AdoptCommand.h"
 #include "cli/commands/CheckCommand.h"
 #include "cli/commands/ConvertCommand.h"
 #include "cli/commands/DemoCommand.h"
@@ -28,6 +29,7 @@ CommandLine::CommandLine()
       "  jbcb demo -o demo\n"
       "  jbcb info --blocks demo/demo.dxf\n"
       "  jbcb set demo/demo.dxf --block Door --all Width=1000 -o wide.dxf\n"
+      "  jbcb adopt plan.dxf -o plan-adopted.dxf\n"
       "\n"
       "Exit codes: 0 success, 1 an input file failed, 2 usage error.\n"
       "Run 'jbcb COMMAND --help' for the options of a command.");
@@ -38,6 +40,7 @@ CommandLine::CommandLine()
   add(std::make_unique<DemoCommand>());
   add(std::make_unique<SetCommand>());
   add(std::make_unique<GripCommand>());
+  add(std::make_unique<AdoptCommand>());
 }
 
 void CommandLine::add(std::unique_ptr<Command> command) {

@@ -98,6 +98,10 @@ const CJbCustBlockParameterValueInfo* CustomBlockProperty::info(
   return parameter->GetValueInfo(m_index);
 }
 
+std::string CustomBlockProperty::flipText(bool flipped) {
+  return flipped ? "flipped" : "not-flipped";
+}
+
 std::string CustomBlockProperty::text(const CJbCustBlockParameter* parameter) const {
   const OdResBufPtr value = parameter->GetValue(m_index);
   if (value.isNull()) return "";
@@ -109,8 +113,7 @@ std::string CustomBlockProperty::text(const CJbCustBlockParameter* parameter) co
                         : value->getDouble());
     case OdResBuf::kRtInt32: {
       const int state = value->getInt32();
-      if (m_type == CJbCustBlockParameterValueInfo::kMirrorState)
-        return state ? "flipped" : "not-flipped";
+      if (m_type == CJbCustBlockParameterValueInfo::kMirrorState) return flipText(state != 0);
       const std::vector<std::string> names = states(parameter);
       if (state >= 0 && static_cast<std::size_t>(state) < names.size()) return names[state];
       if (const auto lookup = CJbCustBlockLookupParameter::cast(parameter))

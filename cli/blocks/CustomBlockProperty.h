@@ -15,6 +15,9 @@ class CustomBlockProperty {
  public:
   using ValueType = CJbCustBlockParameterValueInfo::ValueType;
 
+  // A mirror state as users read and type it: "flipped" or "not-flipped".
+  static std::string flipText(bool flipped);
+
   // The named properties of the graph's parameters, by element id and value index.
   static std::vector<CustomBlockProperty> of(const CJbDbCustBlockGraph* graph);
 

@@ -6,9 +6,14 @@
 #include <sstream>
 
 #include "actions/CJbCustBlockAction.h"
+#include "adoption/CJbOutsideBlockReader.h"
+#include "adoption/CJbOutsideDrawing.h"
+#include "adoption/CJbOutsideReference.h"
 #include "cli/blocks/CustomBlockCatalog.h"
 #include "cli/blocks/CustomBlockProperty.h"
+#include "cli/blocks/OutsideBlockReport.h"
 #include "parameters/grips/CJbCustBlockGrip.h"
+#include "platform/base/OdError.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/rx/OdRxClass.h"
@@ -101,9 +106,53 @@ QJsonObject currentValues(const CJbDbCustBlockGraph* graph) {
   return values;
 }
 
-std::string valueText(const QJsonValue& value) {
-  if (value.isDouble()) return QString::number(value.toDouble(), 'g', 12).toStdString();
-  return value.toString().toStdString();
+// A reference as both kinds of block list it: what it shows, where, its values and extents.
+QJsonObject referenceEntry(const OdDbObjectId& id, const OdDbObjectId& block,
+                           const QJsonObject& values) {
+  const OdDbBlockReferencePtr reference(id.safeOpenObject());
+  const OdDbObjectId shown = reference->blockTableRecord();
+  OdGeExtents3d extents;
+  QJsonValue box;
+  if (reference->getGeomExtents(extents) == eOk && extents.isValidExtents())
+    box = QJsonObject{{"min", point(extents.minPoint())}, {"max", point(extents.maxPoint())}};
+  return {{"handle", QString::fromUtf8(id.getHandle().ascii().c_str())},
+          {"block", blockName(block)},
+          {"instanceBlock", shown == block ? QJsonValue() : QJsonValue(blockName(shown))},
+          {"position", point(reference->position())},
+          {"values", values},
+          {"extents", box}};
+}
+
+// Another program's parametric blocks: each described, and each of their references with the
+// values it records.
+void addOutsideBlocks(OdDbDatabase* database, QJsonArray& blocks, QJsonArray& references) {
+  const CJbOutsideDrawing drawing(database);
+  for (const OdDbObjectId& id : drawing.Blocks()) {
+    const std::vector<OdDbObjectId> shown = drawing.ReferencesOf(id);
+    QJsonObject entry;
+    try {
+      const CJbOutsideBlock block = CJbOutsideBlockReader::Read(id);
+      entry = OutsideBlockReport::describe(block);
+      for (const OdDbObjectId& reference : shown) {
+        QJsonObject listed = referenceEntry(reference, id, {});
+        listed["block"] = entry["name"];
+        try {
+          listed["values"] =
+              OutsideBlockReport::values(block, CJbOutsideReference::Read(reference));
+        } catch (const OdError& error) {
+          listed["error"] = QString::fromUtf8(error.what());
+        }
+        listed["outside"] = true;
+        references.append(listed);
+      }
+    } catch (const OdError& error) {
+      entry = {{"name", QString::fromUtf8(CJbOutsideBlockReader::NameOf(id).c_str())},
+               {"outside", true},
+               {"error", QString::fromUtf8(error.what())}};
+    }
+    entry["references"] = static_cast<int>(shown.size());
+    blocks.append(entry);
+  }
 }
 }  // namespace
 
@@ -113,22 +162,13 @@ CustomBlockReport CustomBlockReport::of(OdDbDatabase* database, const std::strin
   std::map<OdDbObjectId, int> referenceCounts;
   QJsonArray references;
   for (const OdDbObjectId& id : catalog.references()) {
-    const OdDbBlockReferencePtr reference(id.safeOpenObject());
-    const OdDbObjectId block = reference->blockTableRecord();
-    const OdDbObjectId master = catalog.masterOf(block);
+    const OdDbObjectId master =
+        catalog.masterOf(OdDbBlockReferencePtr(id.safeOpenObject())->blockTableRecord());
     ++referenceCounts[master];
-    const CJbDbCustBlockGraphPtr graph = catalog.graphOf(block);
-    OdGeExtents3d extents;
-    QJsonValue box;
-    if (reference->getGeomExtents(extents) == eOk && extents.isValidExtents())
-      box = QJsonObject{{"min", point(extents.minPoint())}, {"max", point(extents.maxPoint())}};
-    references.append(QJsonObject{
-        {"handle", QString::fromUtf8(id.getHandle().ascii().c_str())},
-        {"block", blockName(master)},
-        {"instanceBlock", block == master ? QJsonValue() : QJsonValue(blockName(block))},
-        {"position", point(reference->position())},
-        {"values", graph.isNull() ? QJsonObject() : currentValues(graph.get())},
-        {"extents", box}});
+    const CJbDbCustBlockGraphPtr graph =
+        catalog.graphOf(OdDbBlockReferencePtr(id.safeOpenObject())->blockTableRecord());
+    references.append(
+        referenceEntry(id, master, graph.isNull() ? QJsonObject() : currentValues(graph.get())));
   }
   for (const OdDbObjectId& master : catalog.masters()) {
     const CJbDbCustBlockGraphPtr graph = catalog.graphOf(master);
@@ -137,10 +177,13 @@ CustomBlockReport CustomBlockReport::of(OdDbDatabase* database, const std::strin
     block["references"] = referenceCounts[master];
     blocks.append(block);
   }
+  QJsonArray outsideBlocks;
+  addOutsideBlocks(database, outsideBlocks, references);
   CustomBlockReport report;
   report.m_json = QJsonObject{{"schema", kSchemaVersion},
                               {"file", QString::fromStdString(file)},
                               {"customBlocks", blocks},
+                              {"outsideBlocks", outsideBlocks},
                               {"references", references}};
   return report;
 }
@@ -149,7 +192,8 @@ std::string CustomBlockReport::toText() const {
   std::ostringstream out;
   out << m_json["file"].toString().toStdString() << "\n";
   const QJsonArray blocks = m_json["customBlocks"].toArray();
-  if (blocks.isEmpty()) out << "  no customizable blocks\n";
+  const QJsonArray outsideBlocks = m_json["outsideBlocks"].toArray();
+  if (blocks.isEmpty() && outsideBlocks.isEmpty()) out << "  no customizable blocks\n";
   for (const QJsonValue& block : blocks) {
     out << "  block " << block["name"].toString().toStdString() << ": "
         << block["references"].toInt() << " references\n";
@@ -157,12 +201,12 @@ std::string CustomBlockReport::toText() const {
       out << "    " << property["name"].toString().toStdString() << " ("
           << property["type"].toString().toStdString() << " of "
           << property["parameter"].toString().toStdString()
-          << ") = " << valueText(property["value"]);
+          << ") = " << OutsideBlockReport::valueText(property["value"]);
       const QJsonObject set = property["valueSet"].toObject();
       if (set.contains("list")) {
         out << "  list";
         for (const QJsonValue& entry : set["list"].toArray())
-          out << " " << valueText(entry);
+          out << " " << OutsideBlockReport::valueText(entry);
       }
       if (set.contains("states")) {
         out << "  states";
@@ -170,7 +214,8 @@ std::string CustomBlockReport::toText() const {
           out << " " << state.toString().toStdString();
       }
       for (const char* limit : {"minimum", "maximum", "increment"})
-        if (set.contains(limit)) out << "  " << limit << " " << valueText(set[limit]);
+        if (set.contains(limit))
+          out << "  " << limit << " " << OutsideBlockReport::valueText(set[limit]);
       out << "\n";
     }
     for (const QJsonValue& action : block["actions"].toArray())
@@ -183,17 +228,30 @@ std::string CustomBlockReport::toText() const {
       out << "    grip " << grip["name"].toString().toStdString() << " ("
           << grip["kind"].toString().toStdString() << ") on "
           << grip["parameter"].toString().toStdString() << " point " << grip["point"].toInt()
-          << " at " << valueText(at[0]) << "," << valueText(at[1]) << "\n";
+          << " at " << OutsideBlockReport::valueText(at[0]) << ","
+          << OutsideBlockReport::valueText(at[1]) << "\n";
     }
+  }
+  for (const QJsonValue& block : outsideBlocks) {
+    out << "  outside block " << block["name"].toString().toStdString()
+        << " (another program's parametric block, 'jbcb adopt' converts it): "
+        << block["references"].toInt() << " references\n";
+    if (block["error"].isString())
+      out << "    not readable: " << block["error"].toString().toStdString() << "\n";
+    else
+      OutsideBlockReport::writeText(block.toObject(), "    ", out);
   }
   for (const QJsonValue& reference : m_json["references"].toArray()) {
     out << "  reference " << reference["handle"].toString().toStdString() << ": "
         << reference["block"].toString().toStdString();
     if (reference["instanceBlock"].isString())
       out << " as " << reference["instanceBlock"].toString().toStdString();
+    if (reference["outside"].toBool()) out << " (outside)";
+    if (reference["error"].isString())
+      out << "  values not readable: " << reference["error"].toString().toStdString();
     const QJsonObject values = reference["values"].toObject();
     for (auto it = values.begin(); it != values.end(); ++it)
-      out << "  " << it.key().toStdString() << "=" << valueText(it.value());
+      out << "  " << it.key().toStdString() << "=" << OutsideBlockReport::valueText(it.value());
     out << "\n";
   }
   return out.str();

@@ -1,7 +1,8 @@
 // What the customizable blocks of a drawing hold, for people and scripts: per master block its
 // parameters, properties with value sets, actions and grips; per reference its block, its
-// anonymous instance block, its current property values and its extents. As text, or as JSON of
-// a fixed schema (documented in docs/cli.md).
+// anonymous instance block, its current property values and its extents. Another program's
+// parametric blocks are listed too, marked as outside, with what they hold and the values their
+// references record. As text, or as JSON of a fixed schema (documented in docs/cli.md).
 #pragma once
 
 #include <QJsonObject>
