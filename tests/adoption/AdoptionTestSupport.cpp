@@ -1,6 +1,8 @@
 #include "AdoptionTestSupport.h"
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "actions/CJbCustBlockActionClasses.h"
 #include "adoption/CJbOutsideBlockReader.h"
@@ -84,6 +86,19 @@ const std::vector<std::string>& AdoptionTest::OutsideDrawings() {
 
 void AdoptionTest::Read(const std::string& name) {
   db = DxfFile::read((std::filesystem::path(JBCB_CORPUS_DIR) / name).string());
+}
+
+void AdoptionTest::ReadEdited(const std::string& name,
+                              const std::vector<std::pair<std::string, std::string>>& edits) {
+  std::ifstream file(std::filesystem::path(JBCB_CORPUS_DIR) / name, std::ios::binary);
+  std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  for (const auto& [from, to] : edits) {
+    std::size_t at = text.find(from);
+    ASSERT_NE(at, std::string::npos) << from;
+    for (; at != std::string::npos; at = text.find(from, at + to.size()))
+      text.replace(at, from.size(), to);
+  }
+  db = DxfFile::readFromMemory(text);
 }
 
 std::vector<RecordedReference> AdoptionTest::Record(const CJbOutsideDrawing& drawing,

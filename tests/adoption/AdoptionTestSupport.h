@@ -35,6 +35,10 @@ class AdoptionTest : public DbTest {
   static const std::vector<std::string>& OutsideDrawings();
   // Reads a corpus drawing into db.
   void Read(const std::string& name);
+  // Reads a corpus drawing (an ASCII one) into db with each text replaced by its substitute, so
+  // that a test sees data the corpus does not hold.
+  void ReadEdited(const std::string& name,
+                  const std::vector<std::pair<std::string, std::string>>& edits);
 
   // Every reference of the outside block, as recorded, by handle.
   std::vector<RecordedReference> Record(const CJbOutsideDrawing& drawing,

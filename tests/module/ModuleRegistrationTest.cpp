@@ -8,10 +8,12 @@
 #include "ModuleTestSupport.h"
 #include "platform/db/DbTestSupport.h"
 #include "platform/db/OdDbGripPointsPE.h"
+#include "platform/host/CJbCustBlockConverterUtils.h"
 #include "platform/host/CJbCustBlockElementUtilsPE.h"
 #include "platform/host/CJbDraggingPreview.h"
 #include "platform/host/CJbGripPointsPE.h"
 #include "platform/host/CJbPropertyBase.h"
+#include "platform/host/CJbUtils.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClassDictionary.h"
 
@@ -51,8 +53,12 @@ struct HostState {
   std::vector<std::string> classes;
   std::vector<std::string> commands;
   std::size_t factories = 0;
+  // The host services a module may install: the outside-block converter and the utilities.
+  const void* converter = nullptr;
+  const void* utilities = nullptr;
   bool operator==(const HostState& other) const {
-    return classes == other.classes && commands == other.commands && factories == other.factories;
+    return classes == other.classes && commands == other.commands && factories == other.factories &&
+           converter == other.converter && utilities == other.utilities;
   }
 };
 
@@ -68,6 +74,8 @@ HostState hostState() {
   state.classes = registeredClassNames();
   state.commands = commandNames();
   state.factories = CJbDraggingPreview::Get()->Factories().size();
+  state.converter = CJbCustBlockConverterUtils::Get();
+  state.utilities = CJbUtils::Get();
   return state;
 }
 
@@ -97,6 +105,9 @@ TEST_F(ModuleRegistration, InitAppRegistersParentsFirstInTheFixedOrder) {
         << order[i]->name().str() << " registered before its parent";
   }
   EXPECT_EQ(CJbDraggingPreview::Get()->Factories().size(), before.factories + 1);
+  // Its converter of other programs' blocks and its look-up of their definitions serve the host.
+  EXPECT_NE(CJbCustBlockConverterUtils::Get(), nullptr);
+  EXPECT_NE(CJbUtils::Get(), before.utilities);
   EXPECT_EQ(commandNames("JB_CUSTOMIZABLE_BLOCKS"), kModuleCommands);
 
   // Property lists of their own: every concrete element kind and six bases.
@@ -143,6 +154,8 @@ TEST_F(ModuleRegistration, UninitAppLeavesNothingBehindEvenWhenLoadedTwice) {
     EXPECT_EQ(after.classes, before.classes) << "round " << round;
     EXPECT_EQ(after.commands, before.commands) << "round " << round;
     EXPECT_EQ(after.factories, before.factories) << "round " << round;
+    EXPECT_EQ(after.converter, before.converter) << "round " << round;
+    EXPECT_EQ(after.utilities, before.utilities) << "round " << round;
   }
   // Protocols the platform keeps have no extension of the module left on its classes.
   for (const OdRxClass* cls : OdRxClassDictionary::instance().classes()) {
