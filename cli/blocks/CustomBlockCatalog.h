@@ -12,6 +12,7 @@ class CustomBlockCatalog {
  public:
   explicit CustomBlockCatalog(OdDbDatabase* database);
 
+  OdDbDatabase* database() const { return m_database; }
   // Master blocks, by name.
   const std::vector<OdDbObjectId>& masters() const { return m_masters; }
   // The master of a block (itself for a master); null for a block that is not customizable.

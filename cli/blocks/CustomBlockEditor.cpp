@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "adoption/CJbOutsideReference.h"
 #include "cli/blocks/CustomBlockProperty.h"
 #include "cli/blocks/CustomReferenceGrips.h"
 #include "platform/base/OdError.h"
@@ -41,7 +42,11 @@ CJbDbCustBlockGraphPtr graphOf(const CustomBlockCatalog& catalog, const OdDbObje
     throw OdError(eNotApplicable,
                   "reference " + handleOf(reference) + " shows block \"" +
                       OdDbBlockTableRecordPtr(block.safeOpenObject())->getName().str() +
-                      "\", which is not customizable");
+                      "\", which is not customizable" +
+                      (CJbOutsideReference::DefinitionOf(reference).isNull()
+                           ? ""
+                           : " (it is another program's parametric block: 'jbcb adopt' "
+                             "converts it)"));
   return graph;
 }
 

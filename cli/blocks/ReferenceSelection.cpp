@@ -1,5 +1,7 @@
 #include "cli/blocks/ReferenceSelection.h"
 
+#include "adoption/CJbOutsideBlockReader.h"
+#include "adoption/CJbOutsideDrawing.h"
 #include "platform/base/OdError.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
@@ -37,9 +39,16 @@ std::vector<OdDbObjectId> ReferenceSelection::ofBlock(const CustomBlockCatalog& 
     if (nameOf(block) == name) master = block;
     masters += (masters.empty() ? "" : ", ") + nameOf(block);
   }
-  if (master.isNull())
+  if (master.isNull()) {
+    const CJbOutsideDrawing outside(catalog.database());
+    for (const OdDbObjectId& block : outside.Blocks())
+      if (CJbOutsideBlockReader::NameOf(block) == name.c_str())
+        throw OdError(eKeyNotFound, "block \"" + name +
+                                        "\" is another program's parametric block: 'jbcb adopt' "
+                                        "converts it into a customizable block");
     throw OdError(eKeyNotFound, "the drawing has no customizable block \"" + name + "\"; it has " +
                                     (masters.empty() ? "none" : masters));
+  }
   std::vector<OdDbObjectId> references;
   for (const OdDbObjectId& reference : catalog.references())
     if (catalog.masterOf(OdDbBlockReferencePtr(reference.safeOpenObject())->blockTableRecord()) ==
