@@ -13,29 +13,18 @@ QString text(const OdString& value) {
   return QString::fromUtf8(value.c_str());
 }
 
-QString kindOf(ParameterKind kind) {
+// The parameter's kind, and the type of its property as jbcb names the types of its own blocks'
+// properties.
+std::pair<QString, QString> kindAndTypeOf(ParameterKind kind) {
   switch (kind) {
     case ParameterKind::kLinear:
-      return "Linear";
+      return {"Linear", "distance"};
     case ParameterKind::kFlip:
-      return "Flip";
+      return {"Flip", "flip"};
     case ParameterKind::kVisibility:
       break;
   }
-  return "Visibility";
-}
-
-// The type of the property, as jbcb names the types of its own blocks' properties.
-QString typeOf(ParameterKind kind) {
-  switch (kind) {
-    case ParameterKind::kLinear:
-      return "distance";
-    case ParameterKind::kFlip:
-      return "flip";
-    case ParameterKind::kVisibility:
-      break;
-  }
-  return "visibility";
+  return {"Visibility", "visibility"};
 }
 
 QJsonValue valueOf(const Parameter& parameter, const CJbOutsideReference::ParameterState& state) {
@@ -89,10 +78,11 @@ QJsonObject OutsideBlockReport::describe(const CJbOutsideBlock& block) {
       }
       valueSet = QJsonObject{{"states", names}};
     }
+    const auto [kind, type] = kindAndTypeOf(parameter.kind);
     parameters.append(QJsonObject{{"name", text(parameter.name)},
-                                  {"kind", kindOf(parameter.kind)},
+                                  {"kind", kind},
                                   {"property", text(parameter.property)},
-                                  {"type", typeOf(parameter.kind)},
+                                  {"type", type},
                                   {"description", text(parameter.description)},
                                   {"value", valueOf(parameter, definition.StateOf(parameter))},
                                   {"valueSet", valueSet},
