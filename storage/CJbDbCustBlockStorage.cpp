@@ -10,7 +10,7 @@
 #include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbXrecord.h"
-#include "platform/db/OdRxEvent.h"
+#include "platform/db/cloning/OdRxEvent.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/db/filers/OdDbDxfFiler.h"
