@@ -5,7 +5,7 @@
 
 #include "StorageTestSupport.h"
 #include "actions/CJbCustBlockAction.h"
-#include "platform/db/OdRxEvent.h"
+#include "platform/db/cloning/OdRxEvent.h"
 #include "storage/CJbCustBlockDeepCloneReactor.h"
 
 class BlockCloningTest : public StorageTest {

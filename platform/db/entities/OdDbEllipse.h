@@ -39,10 +39,11 @@ class OdDbEllipse : public OdDbEntity {
   OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
-  OdResult dwgInFields(OdDbDwgFiler* filer) override;
-  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  // eInvalidInput for a zero or missing major axis or a ratio outside (0, 1].
   OdResult dxfInFields(OdDbDxfFiler* filer) override;
-  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ protected:
+  FieldTable fieldTable() const override;
 
  private:
   OdGePoint3d m_center;

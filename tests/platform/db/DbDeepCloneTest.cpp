@@ -2,8 +2,8 @@
 #include <vector>
 
 #include "DbTestSupport.h"
-#include "platform/db/OdRxEvent.h"
 #include "platform/db/cloning/OdDbIdMapping.h"
+#include "platform/db/cloning/OdRxEvent.h"
 #include "platform/db/symtables/OdDbLayerTable.h"
 #include "platform/db/symtables/OdDbLayerTableRecord.h"
 

@@ -1,5 +1,5 @@
 // System event hub.
-#include "platform/db/OdRxEvent.h"
+#include "platform/db/cloning/OdRxEvent.h"
 
 #include "platform/rx/OdRxClass.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/base/OdArray.h"
-#include "platform/db/OdRxEventReactor.h"
+#include "platform/db/cloning/OdRxEventReactor.h"
 
 class OdRxEvent : public OdRxObject {
   ODRX_DECLARE_MEMBERS(OdRxEvent);

@@ -1,5 +1,5 @@
 // System event reactor: default notices do nothing.
-#include "platform/db/OdRxEventReactor.h"
+#include "platform/db/cloning/OdRxEventReactor.h"
 
 #include "platform/rx/OdRxClass.h"
 
