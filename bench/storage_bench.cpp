@@ -5,7 +5,6 @@
 // edit of each of 10,000 references.
 #include <benchmark/benchmark.h>
 
-#include <cmath>
 #include <memory>
 #include <vector>
 
@@ -24,6 +23,7 @@
 #include "platform/db/entities/OdDbText.h"
 #include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/ge/OdGeConstants.h"
 #include "storage/CJbCustBlockEditorHelper.h"
 #include "storage/CJbCustBlockStorageClasses.h"
 #include "storage/CJbDbCustBlockStorage.h"
@@ -57,7 +57,7 @@ Door makeDoor() {
   stretched.append(record->appendOdDbEntity(frame.get()));
   OdSmartPtr<OdDbArc> swing = OdDbArc::createObject();
   swing->setRadius(10);
-  swing->setEndAngle(std::acos(-1.0) / 2);
+  swing->setEndAngle(OdGeConstants::kHalfPi);
   stretched.append(record->appendOdDbEntity(swing.get()));
   OdSmartPtr<OdDbText> label = OdDbText::createObject();
   label->setTextString("DOOR");

@@ -10,6 +10,7 @@
 #include "parameters/CJbCustBlockParameterPointBinding.h"
 #include "parameters/grips/CJbCustBlockGrip.h"
 #include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/ge/OdGeConstants.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
@@ -19,8 +20,6 @@ ODRX_NO_CONS_DEFINE_MEMBERS_NAMED(CJbCustBlockParameter, "JbCustBlockParameter",
                                   CJbCustBlockElement)
 
 namespace {
-constexpr double kValueTol = 1e-10;
-
 // Actions live in a layer above; they are known by their registered name.
 bool isAction(const CJbCustBlockElement* element) {
   const OdRxClass* actionClass = OdRxClassDictionary::instance().getAt("JbCustBlockAction");
@@ -59,7 +58,7 @@ bool CJbCustBlockParameter::IsEqualValue(const OdResBuf* a, const OdResBuf* b) {
   if (type != kind(b->restype())) return false;
   switch (type) {
     case OdResBuf::kRtDouble:
-      return std::fabs(a->getDouble() - b->getDouble()) <= kValueTol;
+      return std::fabs(a->getDouble() - b->getDouble()) <= OdGeConstants::kTolerance;
     case OdResBuf::kRtString:
       // Kept inverted: kinds with string values do not rely on this rule.
       return !a->getString().iEquals(b->getString());

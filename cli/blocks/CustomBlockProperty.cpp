@@ -9,9 +9,10 @@
 
 #include "parameters/CJbCustBlockLookupParameter.h"
 #include "parameters/CJbCustBlockVisibilityParameter.h"
+#include "platform/ge/OdGeConstants.h"
 
 namespace {
-constexpr double kPi = 3.14159265358979323846;
+constexpr double kPi = OdGeConstants::kPi;
 constexpr double kTolerance = 1e-9;
 
 double toDegrees(double radians) {

@@ -1,7 +1,5 @@
 #include "cli/blocks/DoorDemoBlock.h"
 
-#include <cmath>
-
 #include "actions/CJbCustBlockFlipAction.h"
 #include "actions/CJbCustBlockRotateAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
@@ -13,6 +11,7 @@
 #include "parameters/grips/CJbCustBlockLinearGrip.h"
 #include "parameters/grips/CJbCustBlockRotationGrip.h"
 #include "parameters/grips/CJbCustBlockVisibilityGrip.h"
+#include "platform/ge/OdGeConstants.h"
 
 namespace {
 constexpr double kWidth = 900;
@@ -30,7 +29,7 @@ void DoorDemoBlock::author(CustomBlockAuthor& author) const {
   const OdDbObjectId frame =
       author.addRectangle(OdGePoint3d(0, -kFrameDepth, 0), OdGePoint3d(kWidth, 0, 0));
   const OdDbObjectId leaf = author.addLine(OdGePoint3d(0, 0, 0), OdGePoint3d(0, kWidth, 0));
-  const OdDbObjectId swing = author.addArc(OdGePoint3d::kOrigin, kWidth, 0, std::acos(-1.0) / 2);
+  const OdDbObjectId swing = author.addArc(OdGePoint3d::kOrigin, kWidth, 0, OdGeConstants::kHalfPi);
   const OdDbObjectId closedLeaf =
       author.addRectangle(OdGePoint3d(0, 0, 0), OdGePoint3d(kWidth, kLeafThickness, 0));
   author.addText(OdGePoint3d(60, -200, 0), 60, "DOOR");

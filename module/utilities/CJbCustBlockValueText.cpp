@@ -1,8 +1,8 @@
 #include "module/utilities/CJbCustBlockValueText.h"
 
-#include <cmath>
 #include <cstdio>
 
+#include "platform/ge/OdGeConstants.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/resbuf/OdResBuf.h"
 
@@ -12,7 +12,7 @@ OdString CJbCustBlockValueText::Format(const OdResBuf* value) {
     case OdResBuf::kRtDouble:
       return OdString::format("%g", value->getDouble());
     case OdResBuf::kRtAngle:
-      return OdString::format("%g°", value->getDouble() * 180.0 / M_PI);
+      return OdString::format("%g°", value->getDouble() * 180.0 / OdGeConstants::kPi);
     case OdResBuf::kRtString:
       return value->getString();
     case OdResBuf::kRtPoint3d: {
@@ -39,7 +39,7 @@ OdResBufPtr CJbCustBlockValueText::Parse(const OdString& text, int type) {
       return OdResBuf::newRb(type, x);
     case OdResBuf::kRtAngle:
       if (std::sscanf(text.c_str(), "%lf %c", &x, &rest) != 1) return OdResBufPtr();
-      return OdResBuf::newRb(type, x * M_PI / 180.0);
+      return OdResBuf::newRb(type, x * OdGeConstants::kPi / 180.0);
     case OdResBuf::kRtInt32:
       if (std::sscanf(text.c_str(), "%d %c", &integer, &rest) != 1) return OdResBufPtr();
       return OdResBuf::newRb(type, integer);

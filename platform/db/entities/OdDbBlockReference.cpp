@@ -11,13 +11,14 @@
 #include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/ge/OdGeConstants.h"
 #include "platform/ge/OdGeTol.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbBlockReference, OdDbEntity, "INSERT", "", 0)
 
 namespace {
-constexpr double kTwoPi = 6.283185307179586476925286766559;
+constexpr double kTwoPi = OdGeConstants::k2Pi;
 
 OdDbBlockTableRecord* blockOf(const OdDbObjectId& id) {
   OdDbObject* object = id.isNull() ? nullptr : id.stub()->object();

@@ -16,7 +16,7 @@
 ODRX_DXF_DEFINE_MEMBERS(OdDbHatch, OdDbEntity, "HATCH", "", 0)
 
 namespace {
-constexpr double kDegrees = 180.0 / OdGeAngle::kPi;
+constexpr double kDegrees = OdGeConstants::kDegreesPerRadian;
 
 // The counter-clockwise range of an arc or elliptical arc edge.
 void ccwRange(const OdDbHatch::Edge& edge, double& start, double& end) {
