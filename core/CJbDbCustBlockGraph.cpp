@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "core/CJbCustBlockCyclingGrip.h"
-#include "core/CJbCustBlockElementClasses.h"
 #include "core/CJbCustBlockElementImpl.h"
+#include "core/CJbCustBlockGraphGrip.h"
+#include "core/CJbCustBlockGraphParameter.h"
 #include "core/CJbCustBlockGraphReactor.h"
 #include "core/CJbCustBlockProxyElement.h"
 #include "core/CJbCustBlockSettingsElement.h"
@@ -115,10 +115,9 @@ bool CJbDbCustBlockGraph::CanNodeBeAdded(OdRxClass* cls) const {
 
 bool CJbDbCustBlockGraph::IsEmpty() const {
   assertReadEnabled();
-  const OdRxClass* parameterClass = CJbCustBlockElementClasses::ParameterClass();
   for (const auto& entry : m_pImpl->m_nodes) {
-    const CJbCustBlockElement& node = *entry.second.element;
-    if (node.IsProxy() || (parameterClass && node.isKindOf(parameterClass))) return false;
+    const CJbCustBlockElement* node = entry.second.element.get();
+    if (node->IsProxy() || CJbCustBlockGraphParameter::Is(node)) return false;
   }
   return true;
 }
@@ -132,12 +131,11 @@ void CJbDbCustBlockGraph::RunPasses(const OdArray<int>& ids,
   for (int id : ids) {
     if (CJbCustBlockElement* node = NodeAt(id)) elements.emplace_back(node);
   }
-  const OdRxClass* parameterClass =
-      evaluateParameters ? nullptr : CJbCustBlockElementClasses::ParameterClass();
   for (const auto& element : elements)
     element->BeginEvaluate(context);
   for (const auto& element : elements) {
-    if (!parameterClass || !element->isKindOf(parameterClass)) element->Evaluate(context);
+    if (evaluateParameters || !CJbCustBlockGraphParameter::Is(element.get()))
+      element->Evaluate(context);
   }
   for (const auto& element : elements)
     element->EndEvaluate(context);
@@ -191,26 +189,18 @@ void CJbDbCustBlockGraph::Cleanup() {
   }
 }
 
-namespace {
-// The cycling view of a grip node, or null when the node is no grip that takes part in cycling.
-const CJbCustBlockCyclingGrip* cyclingGrip(const CJbCustBlockElement* node) {
-  if (!CJbCustBlockElementClasses::IsGrip(node)) return nullptr;
-  return dynamic_cast<const CJbCustBlockCyclingGrip*>(node);
-}
-}  // namespace
-
 OdArray<int> CJbDbCustBlockGraph::GetCyclingOrder(bool onlyEnabled) const {
   assertReadEnabled();
   OdArray<int> order = m_pImpl->m_cyclingOrder;
   if (order.isEmpty()) {
     for (const auto& entry : m_pImpl->m_nodes) {
-      if (CJbCustBlockElementClasses::IsGrip(entry.second.element.get())) order.append(entry.first);
+      if (CJbCustBlockGraphGrip::Of(entry.second.element.get())) order.append(entry.first);
     }
   }
   if (!onlyEnabled) return order;
   OdArray<int> enabled;
   for (int id : order) {
-    const CJbCustBlockCyclingGrip* grip = cyclingGrip(NodeAt(id));
+    const CJbCustBlockGraphGrip* grip = CJbCustBlockGraphGrip::Of(NodeAt(id));
     if (grip && grip->IsInsertionPointCyclingEnabled()) enabled.append(id);
   }
   return enabled;
@@ -261,9 +251,9 @@ OdArray<OdGePoint3d> CJbDbCustBlockGraph::GetCyclingPoints(OdArray<int>* ids) co
   };
   std::vector<AlignmentPoint> alignments;
   for (int id : order) {
-    const CJbCustBlockElement* node = NodeAt(id);
-    if (!CJbCustBlockElementClasses::IsAlignmentGrip(node)) continue;
-    const OdGePoint3d point = cyclingGrip(node)->GetUpdatedPosition();
+    const CJbCustBlockGraphGrip* grip = CJbCustBlockGraphGrip::Of(NodeAt(id));
+    if (!grip->GathersCyclingPoints()) continue;
+    const OdGePoint3d point = grip->GetUpdatedPosition();
     bool known = false;
     for (const AlignmentPoint& kept : alignments)
       known = known || kept.point.isEqualTo(point);
@@ -272,7 +262,7 @@ OdArray<OdGePoint3d> CJbDbCustBlockGraph::GetCyclingPoints(OdArray<int>* ids) co
 
   OdArray<OdGePoint3d> points;
   for (int id : order) {
-    const OdGePoint3d point = cyclingGrip(NodeAt(id))->GetUpdatedPosition();
+    const OdGePoint3d point = CJbCustBlockGraphGrip::Of(NodeAt(id))->GetUpdatedPosition();
     AlignmentPoint* at = nullptr;
     for (AlignmentPoint& kept : alignments) {
       if (kept.point.isEqualTo(point)) {
@@ -434,7 +424,7 @@ void CJbDbCustBlockGraph::AssertNodeWriteEnabled(const CJbCustBlockElement* elem
 void CJbDbCustBlockGraph::UpdateCyclingOrder(int id) {
   OdArray<int>& order = m_pImpl->m_cyclingOrder;
   if (order.isEmpty()) return;
-  const bool isGrip = CJbCustBlockElementClasses::IsGrip(NodeAt(id));
+  const bool isGrip = CJbCustBlockGraphGrip::Of(NodeAt(id)) != nullptr;
   const bool listed = order.contains(id);
   if (isGrip && !listed) order.append(id);
   if (!isGrip && listed) order.remove(id);
@@ -855,7 +845,7 @@ void CJbDbCustBlockGraph::AuditCyclingOrder(OdDbAuditInfo* auditInfo) {
   OdArray<int> repaired;
   int errors = 0;
   for (int id : order) {
-    if (CJbCustBlockElementClasses::IsGrip(NodeAt(id)) && !repaired.contains(id)) {
+    if (CJbCustBlockGraphGrip::Of(NodeAt(id)) && !repaired.contains(id)) {
       repaired.append(id);
       continue;
     }
@@ -864,8 +854,7 @@ void CJbDbCustBlockGraph::AuditCyclingOrder(OdDbAuditInfo* auditInfo) {
                           "entry removed");
   }
   for (const auto& entry : m_pImpl->m_nodes) {
-    if (!CJbCustBlockElementClasses::IsGrip(entry.second.element.get()) ||
-        repaired.contains(entry.first))
+    if (!CJbCustBlockGraphGrip::Of(entry.second.element.get()) || repaired.contains(entry.first))
       continue;
     ++errors;
     repaired.append(entry.first);

@@ -8,9 +8,9 @@
 
 #include <QUuid>
 
-#include "core/CJbCustBlockElementClasses.h"
 #include "core/CJbCustBlockElementFiler.h"
 #include "core/CJbCustBlockElementImpl.h"
+#include "core/CJbCustBlockGraphGrip.h"
 #include "core/CJbCustBlockProxyElement.h"
 #include "core/CJbDbCustBlockGraph.h"
 #include "platform/host/OdQStringConversion.h"
@@ -148,7 +148,6 @@ OdArray<int> CJbDbCustBlockGraphImpl::OrderForDefinition(const OdArray<int>& ids
   const unsigned visited = NextMark();
   OdArray<int> postOrder;
   postOrder.reserve(static_cast<unsigned>(m_nodes.size()));
-  const OdRxClass* gripClass = CJbCustBlockElementClasses::GripClass();
   std::vector<std::pair<NodeMap::const_iterator, unsigned>> stack;
   auto enter = [&](NodeMap::const_iterator node) {
     node->second.visitMark = visited;
@@ -168,7 +167,7 @@ OdArray<int> CJbDbCustBlockGraphImpl::OrderForDefinition(const OdArray<int>& ids
         if (element.IsConnectionSuppressed(id)) continue;
         auto it = m_nodes.find(id);
         if (it == m_nodes.end() || it->second.visitMark == visited) continue;
-        if (gripClass && it->second.element->isKindOf(gripClass)) continue;
+        if (CJbCustBlockGraphGrip::Of(it->second.element.get())) continue;
         child = it;
       }
       if (child != m_nodes.end()) {
