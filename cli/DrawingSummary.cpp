@@ -8,7 +8,6 @@
 #include <sstream>
 
 #include "cli/DrawingFile.h"
-#include "cli/rendering/DrawingRenderer.h"
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/OdDbEntity.h"
 #include "platform/db/OdDbUnknownObject.h"
@@ -18,6 +17,7 @@
 #include "platform/db/symtables/OdDbLayerTable.h"
 #include "platform/db/symtables/OdDbLayerTableRecord.h"
 #include "platform/rx/OdRxClass.h"
+#include "render/DrawingRenderer.h"
 
 namespace {
 QString q(const std::string& text) {

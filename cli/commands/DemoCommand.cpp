@@ -14,9 +14,9 @@
 #include "cli/FileBatch.h"
 #include "cli/blocks/CustomBlockReport.h"
 #include "cli/blocks/DemoDrawingBuilder.h"
-#include "cli/rendering/DrawingImageWriter.h"
-#include "cli/rendering/DrawingRenderer.h"
 #include "platform/base/OdError.h"
+#include "render/DrawingImageWriter.h"
+#include "render/DrawingRenderer.h"
 
 namespace {
 const QSize kPictureSize(1600, 1200);

@@ -8,12 +8,12 @@
 #include "cli/DrawingFile.h"
 #include "cli/FileBatch.h"
 #include "cli/blocks/CustomReferenceGrips.h"
-#include "cli/rendering/DrawingImageWriter.h"
-#include "cli/rendering/DrawingRenderer.h"
 #include "platform/base/OdError.h"
 #include "platform/db/OdDbEntity.h"
 #include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "render/DrawingImageWriter.h"
+#include "render/DrawingRenderer.h"
 
 namespace {
 // One side of a size: 1 to 5 decimal digits.

@@ -9,11 +9,11 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
-#include "DrawingBuilder.h"
 #include "JbcbProcess.h"
 #include "cli/DrawingFile.h"
-#include "cli/rendering/DrawingRenderer.h"
 #include "platform/db/entities/OdDbCircle.h"
+#include "render/DrawingRenderer.h"
+#include "support/DrawingBuilder.h"
 
 class JbcbCommand : public ::testing::Test {
  protected:

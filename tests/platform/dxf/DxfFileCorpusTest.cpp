@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "platform/dxf/DxfFile.h"
-#include "tests/platform/dxf/DxfFileTestSupport.h"
+#include "platform/dxf/DxfFileTestSupport.h"
 
 TEST(DxfFileCorpus, EveryFileReadsAndRoundTripsWithItsObjects) {
   const std::filesystem::path folder(JBCB_CORPUS_DIR);

@@ -2,12 +2,12 @@
 // groups, the paper-space flag, and values that are not finite numbers.
 #include <gtest/gtest.h>
 
+#include "platform/db/DbTestSupport.h"
 #include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/dxf/DxfFile.h"
 #include "platform/dxf/DxfTagReader.h"
-#include "tests/platform/db/DbTestSupport.h"
 
 namespace {
 // An R12 file: no TABLES, entities straight in ENTITIES.

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/db/DbTestSupport.h"
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbXrecord.h"
 #include "platform/db/entities/OdDbAttribute.h"
@@ -16,9 +17,8 @@
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/dxf/DxfFile.h"
+#include "platform/dxf/DxfFileTestSupport.h"
 #include "support/ExternalDxfReader.h"
-#include "tests/platform/db/DbTestSupport.h"
-#include "tests/platform/dxf/DxfFileTestSupport.h"
 
 namespace fs = std::filesystem;
 

@@ -4,13 +4,13 @@
 
 #include <set>
 
+#include "platform/db/DbTestSupport.h"
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbXrecord.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/dxf/DxfFile.h"
-#include "tests/platform/db/DbTestSupport.h"
 
 namespace {
 using Report = DxfRecoverReport;

@@ -3,11 +3,11 @@
 #include <cmath>
 
 #include "platform/base/OdError.h"
+#include "platform/ge/GeExpect.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/OdGeExtents3d.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/ge/OdGePlane.h"
-#include "tests/platform/ge/GeExpect.h"
 
 TEST(OdGePlaneGeometry, MeasuresAndProjectsFromEitherSide) {
   const OdGePlane plane({0, 0, 0}, {1, 0, 0}, {0, 1, 0});

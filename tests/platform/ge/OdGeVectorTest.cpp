@@ -3,11 +3,11 @@
 #include <cmath>
 
 #include "platform/base/OdError.h"
+#include "platform/ge/GeExpect.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/ge/OdGePoint2d.h"
 #include "platform/ge/OdGePoint3d.h"
-#include "tests/platform/ge/GeExpect.h"
 
 namespace {
 constexpr double kPi = OdGeAngle::kPi;

@@ -5,9 +5,9 @@
 
 #include <cmath>
 
+#include "platform/db/entities/EntityTestSupport.h"
 #include "platform/db/entities/OdDbAttribute.h"
 #include "platform/db/entities/OdDbAttributeDefinition.h"
-#include "tests/platform/db/entities/EntityTestSupport.h"
 
 namespace {
 constexpr double kPi = 3.14159265358979323846;

@@ -2,10 +2,10 @@
 // spline end tangents, and out-of-range access.
 #include <gtest/gtest.h>
 
+#include "platform/db/entities/EntitySamples.h"
+#include "platform/db/entities/EntityTestSupport.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/OdGePlane.h"
-#include "tests/platform/db/entities/EntitySamples.h"
-#include "tests/platform/db/entities/EntityTestSupport.h"
 
 namespace {
 TEST(EntityEdgeCaseTest, MirroredMultilineTextStillReadsLeftToRight) {

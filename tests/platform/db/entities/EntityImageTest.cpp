@@ -5,9 +5,9 @@
 
 #include <cmath>
 
+#include "platform/db/entities/EntitySamples.h"
+#include "platform/db/entities/EntityTestSupport.h"
 #include "platform/ge/OdGePlane.h"
-#include "tests/platform/db/entities/EntitySamples.h"
-#include "tests/platform/db/entities/EntityTestSupport.h"
 
 namespace {
 constexpr double kPi = OdGeAngle::kPi;

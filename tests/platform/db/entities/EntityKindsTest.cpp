@@ -2,10 +2,10 @@
 // its fields, translation, stretching of all points and refusal of singular matrices.
 #include <gtest/gtest.h>
 
+#include "platform/db/entities/EntitySamples.h"
+#include "platform/db/entities/EntityTestSupport.h"
 #include "platform/db/filers/OdDbMemoryDwgFiler.h"
 #include "platform/rx/OdRxClass.h"
-#include "tests/platform/db/entities/EntitySamples.h"
-#include "tests/platform/db/entities/EntityTestSupport.h"
 
 namespace {
 class EntityKindTest : public ::testing::TestWithParam<EntitySample> {

@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
+#include "platform/db/entities/EntityTestSupport.h"
 #include "platform/db/entities/OdDbAttribute.h"
 #include "platform/db/entities/OdDbAttributeDefinition.h"
 #include "platform/db/entities/OdDbMText.h"
 #include "platform/ge/OdGePlane.h"
-#include "tests/platform/db/entities/EntityTestSupport.h"
 
 namespace {
 class MirroredTextTest : public ::testing::Test {

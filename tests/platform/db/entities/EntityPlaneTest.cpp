@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-#include "tests/platform/db/entities/EntitySamples.h"
-#include "tests/platform/db/entities/EntityTestSupport.h"
+#include "platform/db/entities/EntitySamples.h"
+#include "platform/db/entities/EntityTestSupport.h"
 
 namespace {
 const OdGeVector3d kTilted = OdGeVector3d(0.4, -0.3, 1.0).normal();

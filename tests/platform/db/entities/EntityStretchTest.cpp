@@ -3,9 +3,9 @@
 
 #include <cmath>
 
+#include "platform/db/entities/EntitySamples.h"
+#include "platform/db/entities/EntityTestSupport.h"
 #include "platform/ge/OdGeAngle.h"
-#include "tests/platform/db/entities/EntitySamples.h"
-#include "tests/platform/db/entities/EntityTestSupport.h"
 
 namespace {
 constexpr double kPi = OdGeAngle::kPi;

@@ -1,15 +1,15 @@
 // Text placement: glyph outlines are taken from Qt in font units, then mapped by one affine
 // transform per line that carries the scale, slant, justification offset, mirroring, reading
 // direction, plane and block transform together.
-#include "cli/rendering/TextPathBuilder.h"
+#include "render/TextPathBuilder.h"
 
 #include <QFontMetricsF>
 #include <QTransform>
 #include <cmath>
 
-#include "cli/rendering/MTextPlainText.h"
 #include "platform/db/entities/OdDbMText.h"
 #include "platform/db/entities/OdDbText.h"
+#include "render/MTextPlainText.h"
 
 namespace {
 // A plan-view transform from a local frame (origin, x and y axes in world) under xform.

@@ -1,6 +1,6 @@
 // Removes multiline-text formatting: codes with an argument up to ';', toggles of one letter,
 // grouping braces, and the special "%%" characters; stacked fractions read "a/b".
-#include "cli/rendering/MTextPlainText.h"
+#include "render/MTextPlainText.h"
 
 namespace {
 // Codes followed by an argument that runs to the next ';'.

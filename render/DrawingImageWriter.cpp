@@ -1,5 +1,5 @@
 // QSaveFile provides the temporary-file-and-rename discipline for both formats.
-#include "cli/rendering/DrawingImageWriter.h"
+#include "render/DrawingImageWriter.h"
 
 #include <QImage>
 #include <QPainter>

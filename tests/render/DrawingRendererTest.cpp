@@ -6,13 +6,13 @@
 #include <QPainter>
 #include <cmath>
 
-#include "DrawingBuilder.h"
-#include "cli/rendering/DrawingRenderer.h"
 #include "platform/db/entities/OdDbAttribute.h"
 #include "platform/db/entities/OdDbPoint.h"
 #include "platform/db/entities/OdDbPolyline.h"
 #include "platform/db/entities/OdDbSpline.h"
 #include "platform/db/entities/OdDbText.h"
+#include "render/DrawingRenderer.h"
+#include "support/DrawingBuilder.h"
 
 class DrawingRendererTest : public ::testing::Test {
  protected:

@@ -1,8 +1,8 @@
 // Multiline-text formatting removal and the indexed colour table.
 #include <gtest/gtest.h>
 
-#include "cli/rendering/AciColorTable.h"
-#include "cli/rendering/MTextPlainText.h"
+#include "render/AciColorTable.h"
+#include "render/MTextPlainText.h"
 
 TEST(MTextPlainText, FormattingCodesGoAndTheTextStays) {
   EXPECT_EQ(MTextPlainText::paragraphs("{\\fArial|b1|i0;Bold} and \\H2.5x;big\\Pnext"),

@@ -1,6 +1,6 @@
 // Samples every curve kind into chords: arcs by the chord-height rule, splines per knot span,
 // bulged polyline segments as circular arcs of their plane.
-#include "cli/rendering/EntityPathBuilder.h"
+#include "render/EntityPathBuilder.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,7 +5,7 @@
 #include <QSize>
 #include <string>
 
-#include "cli/rendering/DrawingRenderer.h"
+#include "render/DrawingRenderer.h"
 
 class DrawingImageWriter {
  public:

@@ -1,4 +1,4 @@
-// The CLI tests draw text, which needs a GUI application for fonts: one offscreen application
+// Tests that draw text need a GUI application for fonts: one offscreen application
 // for the whole program.
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ class GuiEnvironment : public ::testing::Environment {
 
  private:
   int m_argc = 1;
-  char m_name[10] = "cli_tests";
+  char m_name[6] = "tests";
   char* m_argv[2] = {m_name, nullptr};
   QGuiApplication* m_app = nullptr;
 };

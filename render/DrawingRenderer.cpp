@@ -1,15 +1,12 @@
 // The drawing walk: entities in block order, references recursing into their blocks with the
 // composed transform; geometry becomes device paths stroked with one-pixel pens (wide
 // polylines at their width) and filled for solids, hatches and text.
-#include "cli/rendering/DrawingRenderer.h"
+#include "render/DrawingRenderer.h"
 
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
 
-#include "cli/rendering/AciColorTable.h"
-#include "cli/rendering/EntityPathBuilder.h"
-#include "cli/rendering/TextPathBuilder.h"
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/entities/OdDbAttribute.h"
 #include "platform/db/entities/OdDbAttributeDefinition.h"
@@ -21,6 +18,9 @@
 #include "platform/db/entities/OdDbText.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/db/symtables/OdDbLayerTableRecord.h"
+#include "render/AciColorTable.h"
+#include "render/EntityPathBuilder.h"
+#include "render/TextPathBuilder.h"
 
 namespace {
 // Deeper nesting than this is taken for a malformed drawing.

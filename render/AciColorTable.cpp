@@ -1,5 +1,5 @@
 // Indexed drawing colours: computed once into a table from the hue wheel the index encodes.
-#include "cli/rendering/AciColorTable.h"
+#include "render/AciColorTable.h"
 
 #include <array>
 #include <cmath>
