@@ -7,11 +7,10 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
+#include "ModuleBenchmarkMain.h"
+#include "authoring/CJbCustBlockAuthor.h"
 #include "cli/DrawingFile.h"
-#include "cli/ModuleLoading.h"
-#include "cli/blocks/CustomBlockAuthor.h"
-#include "cli/blocks/DoorDemoBlock.h"
-#include "platform/OdPlatform.h"
+#include "demo/DoorDemoBlock.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 
@@ -29,9 +28,9 @@ void runJbcb(const QStringList& arguments) {
 // 10,000 references of the demo door in rows of 100.
 void writeDoors(const std::string& path) {
   const OdDbDatabasePtr database = OdDbDatabase::createObject();
-  CustomBlockAuthor author(database.get(), "Door");
+  CJbCustBlockAuthor author(database.get(), "Door");
   DoorDemoBlock().author(author);
-  const OdDbObjectId door = author.finish();
+  const OdDbObjectId door = author.Finish();
   {
     OdDbBlockTableRecordPtr modelSpace(database->getModelSpaceId().safeOpenObject(OdDb::kForWrite));
     for (int i = 0; i < kDoors; ++i) {
@@ -65,11 +64,5 @@ BENCHMARK(BM_Demo)->Unit(benchmark::kMillisecond)->Iterations(5)->UseRealTime();
 
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
-  odInitialize();
-  if (!loadCustomizableBlocksModule(QCoreApplication::applicationDirPath())) return 1;
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  odUninitialize();
-  return 0;
+  return runBenchmarksWithModule(argc, argv);
 }

@@ -1,5 +1,6 @@
-// Cost of editing references of a customizable door block of 30 entities (a frame, a swing arc, a
-// label and 27 lines; a linear width parameter in steps of 5 driving a stretch of the right side):
+// Cost of editing references of a customizable door block of 30 entities (the demonstration's door
+// in its plain form: a frame, a swing arc, a label and 27 lines; a linear width parameter in steps
+// of 5 driving a stretch of the free side):
 // a grip edit of a reference that has its anonymous block already (load the state, evaluate,
 // commit), the first edit of a reference of the master (which copies the block first), and one
 // edit of each of 10,000 references.
@@ -9,24 +10,15 @@
 #include <vector>
 
 #include "actions/CJbCustBlockActionClasses.h"
-#include "actions/CJbCustBlockStretchAction.h"
+#include "authoring/CJbCustBlockAuthor.h"
 #include "core/CJbCustBlockCoreClasses.h"
-#include "parameters/CJbCustBlockLinearParameter.h"
+#include "demo/DoorDemoBlock.h"
 #include "parameters/CJbCustBlockParameterClasses.h"
-#include "parameters/CJbCustBlockParameterValueInfo.h"
-#include "parameters/grips/CJbCustBlockLinearGrip.h"
 #include "platform/OdPlatform.h"
-#include "platform/db/entities/OdDbArc.h"
 #include "platform/db/entities/OdDbBlockReference.h"
-#include "platform/db/entities/OdDbLine.h"
-#include "platform/db/entities/OdDbPolyline.h"
-#include "platform/db/entities/OdDbText.h"
-#include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
-#include "platform/ge/OdGeConstants.h"
 #include "storage/CJbCustBlockEditorHelper.h"
 #include "storage/CJbCustBlockStorageClasses.h"
-#include "storage/CJbDbCustBlockStorage.h"
 
 namespace {
 constexpr int kPaddingLines = 27;
@@ -42,57 +34,14 @@ OdSmartPtr<T> openAs(const OdDbObjectId& id, OdDb::OpenMode mode = OdDb::kForRea
   return T::cast(id.openObject(mode).get());
 }
 
+// The demonstration's door 10 wide in steps of 5 with only its width, padded to 30 entities.
 Door makeDoor() {
   Door door;
-  OdDbBlockTableRecordPtr record = OdDbBlockTableRecord::createObject();
-  record->setName("Door");
-  door.block =
-      openAs<OdDbBlockTable>(door.db->getBlockTableId(), OdDb::kForWrite)->add(record.get());
-  OdDbObjectIdArray stretched;
-  OdSmartPtr<OdDbPolyline> frame = OdDbPolyline::createObject();
-  for (const OdGePoint2d& vertex :
-       {OdGePoint2d(0, 0), OdGePoint2d(10, 0), OdGePoint2d(10, 1), OdGePoint2d(0, 1)})
-    frame->addVertexAt(frame->numVerts(), vertex);
-  frame->setClosed(true);
-  stretched.append(record->appendOdDbEntity(frame.get()));
-  OdSmartPtr<OdDbArc> swing = OdDbArc::createObject();
-  swing->setRadius(10);
-  swing->setEndAngle(OdGeConstants::kHalfPi);
-  stretched.append(record->appendOdDbEntity(swing.get()));
-  OdSmartPtr<OdDbText> label = OdDbText::createObject();
-  label->setTextString("DOOR");
-  record->appendOdDbEntity(label.get());
-  for (int i = 0; i < kPaddingLines; ++i) {
-    OdSmartPtr<OdDbLine> line = OdDbLine::createObject();
-    line->setStartPoint(OdGePoint3d(0, -3 - 0.1 * i, 0));
-    line->setEndPoint(OdGePoint3d(1, -3 - 0.1 * i, 0));
-    record->appendOdDbEntity(line.get());
-  }
-  record.release();
-
-  OdDbObjectId graphId;
-  CJbDbCustBlockStorage::GetStorage(door.db.get(), OdDb::kForWrite, true)
-      ->AppendMasterBlock(door.block, graphId);
-  CJbDbCustBlockGraphPtr graph = openAs<CJbDbCustBlockGraph>(graphId, OdDb::kForWrite);
-  CJbCustBlockLinearParameterPtr width = CJbCustBlockLinearParameter::createObject();
-  graph->AppendNode(width);
-  width->SetDefinedPosition(0, OdGePoint3d::kOrigin);
-  width->SetDefinedPosition(1, OdGePoint3d(10, 0, 0));
-  for (unsigned point = 0; point < 2; ++point) {
-    CJbCustBlockLinearGripPtr grip = CJbCustBlockLinearGrip::createObject();
-    graph->AppendNode(grip);
-    width->SetGrip(point, grip->GetElementId());
-    grip->AddConnection(width->GetElementId(), false, true);
-    grip->SetDefindedPosition(width->GetDefinedPosition(point));
-    door.grip = grip->GetElementId();
-  }
-  width->GetValueInfoForModify(0)->SetIncrement(5.0, width.get());
-  CJbCustBlockStretchActionPtr stretch = CJbCustBlockStretchAction::createObject();
-  graph->AppendNode(stretch);
-  stretch->SetParameter(width->GetElementId());
-  stretch->SetParameterPointIndex(1);
-  stretch->SetEntities(0, stretched);
-  stretch->SetSelectionDefinition(0, {OdGePoint3d(8, -1, 0), OdGePoint3d(12, 2, 0)}, true);
+  DoorDemoBlock::Options options = DoorDemoBlock::PlainOptions(10, 5);
+  options.paddingLines = kPaddingLines;
+  CJbCustBlockAuthor author(door.db.get(), "Door");
+  door.grip = DoorDemoBlock(options).build(author).widthGrip;
+  door.block = author.Finish();
   return door;
 }
 

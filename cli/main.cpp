@@ -4,8 +4,9 @@
 #include <QGuiApplication>
 
 #include "cli/CommandLine.h"
-#include "cli/ModuleLoading.h"
 #include "platform/OdPlatform.h"
+#include "platform/host/CJbCustBlocksModuleLoader.h"
+#include "platform/host/OdQStringConversion.h"
 
 namespace {
 // Qt's own notes (missing runtime folders, font fallbacks) are not the user's concern; jbcb
@@ -22,7 +23,10 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(quietQtMessages);
   QGuiApplication application(argc, argv);
   odInitialize();
-  loadCustomizableBlocksModule(QCoreApplication::applicationDirPath());
+  OdString reason;
+  if (!CJbCustBlocksModuleLoader::Load(fromQString(QCoreApplication::applicationDirPath()),
+                                       &reason))
+    fprintf(stderr, "jbcb: warning: customizable blocks are kept as read: %s\n", reason.c_str());
   const int code = CommandLine().run(argc, argv);
   odUninitialize();
   return code;

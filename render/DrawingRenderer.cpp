@@ -18,6 +18,7 @@
 #include "platform/db/entities/OdDbText.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/db/symtables/OdDbLayerTableRecord.h"
+#include "platform/host/CJbGripPointsPE.h"
 #include "render/AciColorTable.h"
 #include "render/EntityPathBuilder.h"
 #include "render/TextPathBuilder.h"
@@ -26,17 +27,22 @@ namespace {
 // Deeper nesting than this is taken for a malformed drawing.
 constexpr std::size_t kMaxNesting = 64;
 
+// Outlines are taken at a large size so that hinting does not distort them when scaled.
+QFont outlineFont(QFont font) {
+  font.setPixelSize(200);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
 QColor fromRgb(std::uint32_t rgb) {
   return QColor((rgb >> 16) & 0xFF, (rgb >> 8) & 0xFF, rgb & 0xFF);
 }
 }  // namespace
 
 DrawingRenderer::DrawingRenderer(OdDbDatabase* database, const QColor& background)
-    : m_database(database), m_background(background), m_font(QStringLiteral("DejaVu Sans")) {
-  // Outlines are taken at a large size so that hinting does not distort them when scaled.
-  m_font.setPixelSize(200);
-  m_font.setHintingPreference(QFont::PreferNoHinting);
-}
+    : m_database(database),
+      m_background(background),
+      m_texts(outlineFont(QFont(QStringLiteral("DejaVu Sans")))) {}
 
 OdGeExtents3d DrawingRenderer::extents(const OdDbObjectId& blockId) const {
   OdGeExtents3d result;
@@ -79,28 +85,86 @@ QTransform DrawingRenderer::fitTransform(const OdGeExtents3d& extents, const QSi
                     0.5 * size.height() + cy * scale);
 }
 
+void DrawingRenderer::setView(const QTransform& view) const {
+  m_view = view;
+  // A quarter pixel of chord deviation is invisible.
+  m_tolerance = 0.25 / std::abs(m_view.m11());
+}
+
+DrawingRenderer::Context DrawingRenderer::topContext() const {
+  Context top;
+  top.byBlock = AciColorTable::color(7, m_background);
+  return top;
+}
+
 void DrawingRenderer::render(QPainter& painter, const OdDbObjectId& blockId,
                              const QSizeF& size) const {
-  m_view = fitTransform(extents(blockId), size);
-  // A quarter pixel of chord deviation is invisible.
-  m_tolerance = 0.25 / m_view.m11();
+  setView(fitTransform(extents(blockId), size));
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillRect(QRectF(QPointF(0.0, 0.0), size), m_background);
-  Context top;
-  top.byBlock = AciColorTable::color(7, m_background);
-  drawBlock(painter, blockId, top);
-  drawMarkers(painter);
+  drawBlock(painter, blockId, topContext());
+  drawMarkers(painter, m_view);
   painter.restore();
 }
 
-void DrawingRenderer::drawMarkers(QPainter& painter) const {
+void DrawingRenderer::drawEntities(QPainter& painter, const std::vector<OdDbObjectId>& entities,
+                                   const QTransform& view) const {
+  setView(view);
+  drawEach(painter, entities, topContext());
+}
+
+void DrawingRenderer::drawThroughReference(QPainter& painter, const OdDbBlockReference* reference,
+                                           const std::vector<OdDbObjectId>& entities,
+                                           const QTransform& view) const {
+  setView(view);
+  const Context top = topContext();
+  if (!isShown(reference, top)) return;
+  Context inner = top;
+  inner.xform = reference->blockTransform();
+  inner.byBlock = colorOf(reference, top);
+  inner.layer = effectiveLayer(reference, top);
+  inner.insideBlock = true;
+  inner.blocks.push_back(reference->blockTableRecord());
+  drawEach(painter, entities, inner);
+}
+
+void DrawingRenderer::drawEach(QPainter& painter, const std::vector<OdDbObjectId>& entities,
+                               const Context& context) const {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (const OdDbObjectId& id : entities) {
+    OdDbObjectPtr object;
+    if (id.openObject(object) != eOk) continue;  // erased since the list was made
+    if (const OdDbEntityPtr entity = OdDbEntity::cast(object.get()); !entity.isNull())
+      drawEntity(painter, entity.get(), context);
+  }
+  painter.restore();
+}
+
+DrawingRenderer::MarkerShape DrawingRenderer::gripShape(int gripKind) {
+  switch (gripKind) {
+    case CJbGripPointsPE::kLinear:
+      return MarkerShape::kDiamond;
+    case CJbGripPointsPE::kRotation:
+      return MarkerShape::kCircle;
+    case CJbGripPointsPE::kFlip:
+    case CJbGripPointsPE::kState:
+      return MarkerShape::kTriangle;
+    default:
+      return MarkerShape::kSquare;
+  }
+}
+
+void DrawingRenderer::drawMarkers(QPainter& painter, const QTransform& view) const {
   // Grip blue, outlined so that it shows on either background.
   constexpr double kHalf = 5.0;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(m_background == Qt::black ? Qt::white : Qt::black, 1.0));
   painter.setBrush(QColor(30, 110, 255));
   for (const Marker& marker : m_markers) {
-    const QPointF c = m_view.map(QPointF(marker.position.x, marker.position.y));
+    const QPointF c = view.map(QPointF(marker.position.x, marker.position.y));
     switch (marker.shape) {
       case MarkerShape::kSquare:
         painter.drawRect(QRectF(c.x() - kHalf, c.y() - kHalf, 2 * kHalf, 2 * kHalf));
@@ -118,6 +182,7 @@ void DrawingRenderer::drawMarkers(QPainter& painter) const {
         break;
     }
   }
+  painter.restore();
 }
 
 void DrawingRenderer::drawBlock(QPainter& painter, const OdDbObjectId& blockId,
@@ -198,7 +263,7 @@ void DrawingRenderer::drawEntity(QPainter& painter, const OdDbEntity* entity,
     painter.drawPoint(m_view.map(paths.map(point->position())));
     return;
   }
-  const TextPathBuilder texts(m_font);
+  const TextPathBuilder& texts = m_texts;
   // Attributes are texts too: they are told apart first.
   if (auto attribute = OdDbAttributeBase::cast(entity); !attribute.isNull()) {
     // Definitions show their tag at the top; inside a reference only constant ones show.

@@ -14,6 +14,7 @@
 #include "platform/ge/OdGeExtents3d.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/ge/OdGePoint3d.h"
+#include "render/TextPathBuilder.h"
 
 class OdDbBlockReference;
 class OdDbDatabase;
@@ -44,6 +45,21 @@ class DrawingRenderer {
   // Fills the background and draws the block fitted to a picture of size.
   void render(QPainter& painter, const OdDbObjectId& blockId, const QSizeF& size) const;
 
+  // Draws entities of one block, in the order given, under world-to-device `view` over what the
+  // painter holds: a view that keeps its own picture redraws only what a region shows.
+  void drawEntities(QPainter& painter, const std::vector<OdDbObjectId>& entities,
+                    const QTransform& view) const;
+  // Draws entities of the block that `reference` shows as the reference shows them (its
+  // transform, and its colour and layer for entities by block and on layer "0"): a dragging
+  // preview draws the entities it chose so.
+  void drawThroughReference(QPainter& painter, const OdDbBlockReference* reference,
+                            const std::vector<OdDbObjectId>& entities,
+                            const QTransform& view) const;
+  // Draws the markers at their positions under `view`.
+  void drawMarkers(QPainter& painter, const QTransform& view) const;
+  // The marker of a customizable object's grip of this kind (CJbGripPointsPE::GripKind).
+  static MarkerShape gripShape(int gripKind);
+
  private:
   // What entities inside a block reference inherit from it.
   struct Context {
@@ -63,11 +79,15 @@ class DrawingRenderer {
   // Visible, and on a layer that is on and thawed.
   bool isShown(const OdDbEntity* entity, const Context& context) const;
   QColor colorOf(const OdDbEntity* entity, const Context& context) const;
-  void drawMarkers(QPainter& painter) const;
+  // The context of entities drawn straight into the picture.
+  Context topContext() const;
+  void setView(const QTransform& view) const;
+  void drawEach(QPainter& painter, const std::vector<OdDbObjectId>& entities,
+                const Context& context) const;
 
   OdDbDatabase* m_database;
   QColor m_background;
-  QFont m_font;
+  TextPathBuilder m_texts;  // one for every text drawn, keeping the outlines it took
   std::vector<Marker> m_markers;
   // Set per render: world to device and the chord tolerance in world units.
   mutable QTransform m_view;

@@ -61,8 +61,11 @@ TextPathBuilder::LineText TextPathBuilder::lineOf(const OdDbAttributeBase* attri
   return line;
 }
 
-QPainterPath TextPathBuilder::glyphs(const QString& text) const {
-  QPainterPath path;
+const QPainterPath& TextPathBuilder::glyphs(const QString& text) const {
+  const auto kept = m_outlines.constFind(text);
+  if (kept != m_outlines.constEnd()) return *kept;
+  if (m_outlines.size() >= kMaxKeptOutlines) m_outlines.clear();
+  QPainterPath& path = m_outlines[text];
   path.addText(0.0, 0.0, m_font, text);
   return path;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QFont>
+#include <QHash>
 #include <QPainterPath>
 #include <QString>
 
@@ -42,8 +43,12 @@ class TextPathBuilder {
   QPainterPath multiLine(const OdDbMText* mtext, const OdGeMatrix3d& xform) const;
 
  private:
-  // The glyphs of text in font units, baseline on y = 0, y down.
-  QPainterPath glyphs(const QString& text) const;
+  // Outlines of strings kept at most, so that drawings of many different texts stay bounded.
+  static constexpr int kMaxKeptOutlines = 4096;
+
+  // The glyphs of text in font units, baseline on y = 0, y down. Kept by string: taking a
+  // string's outlines from the font costs more than drawing them, and drawings repeat strings.
+  const QPainterPath& glyphs(const QString& text) const;
   double advance(const QString& text) const;
   // Lines of a paragraph that fit maxWidth (font units); no wrapping when maxWidth <= 0.
   QStringList wrap(const QString& paragraph, double maxWidth) const;
@@ -51,4 +56,5 @@ class TextPathBuilder {
   QFont m_font;
   double m_capHeight;
   double m_descent;
+  mutable QHash<QString, QPainterPath> m_outlines;
 };

@@ -6,6 +6,7 @@
 #include "platform/db/OdRxEvent.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/rx/OdRxClass.h"
+#include "storage/CJbCustBlockObjectAccess.h"
 #include "storage/CJbDbCustBlockStorage.h"
 
 ODRX_CONS_DEFINE_MEMBERS_NAMED(CJbCustBlockDeepCloneReactor, "JbCustBlockDeepCloneReactor",
@@ -34,11 +35,6 @@ ClonedBlocks clonedBlocks(const OdDbIdMapping& mapping) {
     (storage->IsBlockMaster(pair.key()) ? found.masters : found.instances).push_back(pair);
   }
   return found;
-}
-
-OdDbObjectId cloneOf(const OdDbIdMapping& mapping, const OdDbObjectId& id) {
-  OdDbIdPair pair(id);
-  return mapping.compute(pair) ? pair.value() : OdDbObjectId::kNull;
 }
 }  // namespace
 
@@ -84,7 +80,7 @@ void CJbCustBlockDeepCloneReactor::beginDeepCloneXlation(OdDbIdMapping& mapping)
       CJbDbCustBlockStorage::GetStorage(mapping.destDb(), OdDb::kForWrite, true);
   const bool otherDrawing = mapping.origDb() != mapping.destDb();
   for (const OdDbObjectId& graphId : graphIds) {
-    if (!cloneOf(mapping, graphId).isNull()) continue;
+    if (!CJbCustBlockObjectAccess::CloneOf(mapping, graphId).isNull()) continue;
     CJbDbCustBlockGraphPtr graph =
         CJbDbCustBlockGraph::cast(graphId.openObjectShared(OdDb::kForRead).get());
     if (graph.isNull()) continue;
@@ -110,7 +106,7 @@ void CJbCustBlockDeepCloneReactor::endDeepClone(OdDbIdMapping& mapping) {
       source->GetMasterBlockId(pair.key(), sourceMaster);
     }
     // A master cloned along stands for its original; within one drawing the original serves.
-    OdDbObjectId master = cloneOf(mapping, sourceMaster);
+    OdDbObjectId master = CJbCustBlockObjectAccess::CloneOf(mapping, sourceMaster);
     if (master.isNull() && mapping.origDb() == mapping.destDb()) master = sourceMaster;
     {
       CJbDbCustBlockStoragePtr destination =

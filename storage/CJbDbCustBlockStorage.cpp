@@ -1,27 +1,20 @@
-// The drawing's record of its customizable blocks.
+// The drawing's record of its customizable blocks: the entries and the operations on them. Block
+// copies, filing, the audit and another application's round-trip data live in their own files.
 #include "storage/CJbDbCustBlockStorage.h"
 
-#include <new>
-#include <string>
-#include <utility>
 #include <vector>
 
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
-#include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbXrecord.h"
-#include "platform/db/OdRxEvent.h"
 #include "platform/db/entities/OdDbBlockReference.h"
-#include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
-#include "platform/host/CJbConstraintUtils.h"
-#include "platform/host/CJbCustBlockConverterUtils.h"
-#include "platform/host/CJbSystemServices.h"
-#include "platform/host/CJbTranslator.h"
-#include "platform/host/CJbUtils.h"
 #include "platform/rx/OdRxClass.h"
-#include "storage/CJbCustBlockDeepCloneReactor.h"
+#include "storage/CJbCustBlockCopier.h"
+#include "storage/CJbCustBlockObjectAccess.h"
+#include "storage/CJbCustBlockOutsideData.h"
+#include "storage/CJbCustBlockStateRecord.h"
+#include "storage/CJbCustBlockStorageAuditor.h"
 #include "storage/CJbDbCustBlockStorageImpl.h"
 
 ODRX_DEFINE_MEMBERS_NAMED(CJbDbCustBlockStorage, "JbDbCustBlockStorage", OdDbObject,
@@ -29,143 +22,12 @@ ODRX_DEFINE_MEMBERS_NAMED(CJbDbCustBlockStorage, "JbDbCustBlockStorage", OdDbObj
                           "JB_BLOCK_STORAGE", "JBDBCB Classes")
 
 namespace {
+using Access = CJbCustBlockObjectAccess;
+using StateRecord = CJbCustBlockStateRecord;
+
 const char kDictionaryKey[] = "JB_CUST_BLOCK_DATA";
-const char kSubclass[] = "JbDbCustBlockStorage";
 const char kPurgePreventorKey[] = "JbPurgePreventor";
-// What another application's dynamic blocks leave on a block and on its references.
-const char kEnhancedBlockKey[] = "ACAD_ENHANCEDBLOCK";
-const char kRoundTripPurgePreventerKey[] = "AcDbDynamicBlockRoundTripPurgePreventer";
-const char* const kOutsideApplications[] = {"AcDbBlockRepETag", "ACAD", "AcDbDynamicBlockGUID",
-                                            "AcDbDynamicBlockTrueName",
-                                            "AcDbDynamicBlockTrueName2"};
-const char kBlockRepresentationKey[] = "AcDbBlockRepresentation";
 constexpr int kHardPointerCode = 340;
-constexpr int kApplicationNameCode = 1001;
-
-// Instance-context modes: plain state; state without object ids, decomposed; everything.
-constexpr int kPlainState = 0;
-constexpr int kPortableState = CJbDbCustBlockGraphInstanceContext::kNoObjectIds |
-                               CJbDbCustBlockGraphInstanceContext::kComposingRequired;
-constexpr int kFullState = kPortableState | CJbDbCustBlockGraphInstanceContext::kForEvaluate;
-
-template <class T>
-OdSmartPtr<T> openAs(const OdDbObjectId& id, OdDb::OpenMode mode) {
-  return T::cast(id.openObjectShared(mode).get());
-}
-
-OdDbObjectId cloneOf(const OdDbIdMapping& mapping, const OdDbObjectId& id) {
-  OdDbIdPair pair(id);
-  return mapping.compute(pair) ? pair.value() : OdDbObjectId::kNull;
-}
-
-OdDbObjectIdArray directReferences(const OdDbObjectId& blockId) {
-  OdDbObjectIdArray ids;
-  if (OdDbBlockTableRecordPtr block = openAs<OdDbBlockTableRecord>(blockId, OdDb::kForRead))
-    block->getBlockReferenceIds(ids, true, false);
-  return ids;
-}
-
-void pointReferencesAt(const OdDbObjectIdArray& references, const OdDbObjectId& blockId) {
-  for (const OdDbObjectId& id : references) {
-    if (OdDbBlockReferencePtr reference = openAs<OdDbBlockReference>(id, OdDb::kForWrite))
-      reference->setBlockTableRecord(blockId);
-  }
-}
-
-void eraseObject(const OdDbObjectId& id) {
-  if (OdDbObjectPtr object = id.openObjectShared(OdDb::kForWrite)) object->erase(true);
-}
-
-// An entry's graph or state record goes with the entry only when the storage owns it: an id read
-// from a damaged file can name any object of the drawing.
-void eraseOwnedBy(const OdDbObjectId& ownerId, const OdDbObjectId& id) {
-  OdDbObjectPtr object = id.openObjectShared(OdDb::kForRead);
-  if (object.isNull() || object->ownerId() != ownerId) return;
-  object->upgradeOpen();
-  object->erase(true);
-}
-
-bool nextGroupIs(OdDbDxfFiler* filer, int code) {
-  if (filer->nextItem() == code) return true;
-  filer->pushBackItem();
-  return false;
-}
-
-// Renames the clone of one block "*U" as the clone operation that made it starts translating, so
-// that the block table numbers it as the next anonymous block. Listens to the event hub for its
-// own lifetime.
-class BlockTableRecordCloner : public OdStaticRxObject<OdRxEventReactor> {
- public:
-  BlockTableRecordCloner(const OdDbObjectId& blockId, const OdDbIdMapping* mapping)
-      : m_blockId(blockId), m_mapping(mapping) {
-    odrxEvent()->addReactor(this);
-  }
-  ~BlockTableRecordCloner() override { odrxEvent()->removeReactor(this); }
-  BlockTableRecordCloner(const BlockTableRecordCloner&) = delete;
-  BlockTableRecordCloner& operator=(const BlockTableRecordCloner&) = delete;
-
-  void beginDeepCloneXlation(OdDbIdMapping& mapping) override {
-    if (&mapping != m_mapping) return;
-    const OdDbObjectId cloneId = cloneOf(mapping, m_blockId);
-    if (OdDbBlockTableRecordPtr clone = openAs<OdDbBlockTableRecord>(cloneId, OdDb::kForWrite))
-      clone->setName("*U");
-  }
-
- private:
-  OdDbObjectId m_blockId;
-  const OdDbIdMapping* m_mapping;
-};
-
-// Instance state uses in-memory result types; its record keeps them under the DXF group codes of
-// the same kinds of value, so that drawing files can carry it.
-struct StateCode {
-  int resultType;
-  int groupCode;
-};
-const StateCode kStateCodes[] = {
-    {OdResBuf::kRtDouble, 40},  {OdResBuf::kRtAngle, 50}, {OdResBuf::kRtString, 1},
-    {OdResBuf::kRtPoint3d, 10}, {OdResBuf::kRtInt32, 90},
-};
-
-OdResBufPtr stateOf(const OdDbXrecord* record) {
-  OdResBufPtr chain = record->rbChain();
-  for (OdResBuf* item = chain.get(); item; item = item->next().get()) {
-    for (const StateCode& code : kStateCodes) {
-      if (item->restype() != code.groupCode) continue;
-      item->setRestype(code.resultType);
-      break;
-    }
-  }
-  return chain;
-}
-
-// The record takes a copy of the chain; the chain is recoded for that and given back as it was.
-OdResult storeState(OdDbXrecord* record, OdResBuf* chain) {
-  std::vector<std::pair<OdResBuf*, int>> recoded;
-  for (OdResBuf* item = chain; item; item = item->next().get()) {
-    for (const StateCode& code : kStateCodes) {
-      if (item->restype() != code.resultType) continue;
-      recoded.emplace_back(item, code.resultType);
-      item->setRestype(code.groupCode);
-      break;
-    }
-  }
-  const OdResult result = record->setFromRbChain(chain);
-  for (const auto& item : recoded)
-    item.first->setRestype(item.second);
-  return result;
-}
-
-// The trailing format version of a state chain, or -1 when it has none.
-int chainVersion(const OdResBuf* chain) {
-  for (const OdResBuf* item = chain; item; item = item->next().get()) {
-    const OdResBuf* next = item->next().get();
-    if (item->restype() == OdResBuf::kRtString && item->getString() == "VERSION" && next &&
-        next->restype() == OdResBuf::kRtInt32 && !next->next())
-      return next->getInt32();
-  }
-  return -1;
-}
 }  // namespace
 
 CJbDbCustBlockStorage::CJbDbCustBlockStorage() : m_pImpl(new CJbDbCustBlockStorageImpl) {}
@@ -177,11 +39,11 @@ CJbDbCustBlockStoragePtr CJbDbCustBlockStorage::GetStorage(OdDbDatabase* databas
                                                            bool createIfNotFound) {
   if (!database) return CJbDbCustBlockStoragePtr();
   OdDbDictionaryPtr dictionary =
-      openAs<OdDbDictionary>(database->getNamedObjectsDictionaryId(), OdDb::kForRead);
+      Access::Open<OdDbDictionary>(database->getNamedObjectsDictionaryId(), OdDb::kForRead);
   if (dictionary.isNull()) return CJbDbCustBlockStoragePtr();
   const OdDbObjectId id = dictionary->getAt(kDictionaryKey);
   // Whatever else stands under the key is left alone.
-  if (!id.isNull()) return openAs<CJbDbCustBlockStorage>(id, mode);
+  if (!id.isNull()) return Access::Open<CJbDbCustBlockStorage>(id, mode);
   if (!createIfNotFound) return CJbDbCustBlockStoragePtr();
   dictionary->upgradeOpen();
   CJbDbCustBlockStoragePtr storage = CJbDbCustBlockStorage::createObject();
@@ -201,72 +63,102 @@ bool CJbDbCustBlockStorage::IsBlockMaster(const OdDbObjectId& blockId) const {
   return entry && entry->IsMaster();
 }
 
-bool CJbDbCustBlockStorage::GetMasterBlockId(const OdDbObjectId& blockId,
-                                             OdDbObjectId& masterId) const {
+CJbCustBlockResult CJbDbCustBlockStorage::NotCustomizable(const OdDbObjectId& blockId) {
+  return CJbCustBlockResult::Failure(eKeyNotFound, "The block \"%1\" is not customizable.",
+                                     {Access::NameOf(blockId)});
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::GetMasterBlockId(const OdDbObjectId& blockId,
+                                                           OdDbObjectId& masterId) const {
   assertReadEnabled();
   const CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
-  if (!entry) return false;
+  if (!entry) return NotCustomizable(blockId);
   masterId = entry->masterBlockId;
-  return true;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::GetMasterBlockGraphId(const OdDbObjectId& blockId,
-                                                  OdDbObjectId& graphId) const {
+CJbCustBlockResult CJbDbCustBlockStorage::GetMasterBlockGraphId(const OdDbObjectId& blockId,
+                                                                OdDbObjectId& graphId) const {
   assertReadEnabled();
   const CustBlockStorageEntry* master = m_pImpl->FindMaster(blockId);
-  if (!master) return false;
+  if (!master) {
+    if (!m_pImpl->Find(blockId)) return NotCustomizable(blockId);
+    return CJbCustBlockResult::Failure(eKeyNotFound, "The master of block \"%1\" is missing.",
+                                       {Access::NameOf(blockId)});
+  }
   graphId = master->graphId;
-  return true;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::GetAllBlockInstancesForMasterBlock(
+CJbCustBlockResult CJbDbCustBlockStorage::GetAllBlockInstancesForMasterBlock(
     const OdDbObjectId& masterId, OdArray<OdDbObjectId>& instances) const {
   assertReadEnabled();
   instances.clear();
-  if (!IsBlockMaster(masterId)) return false;
+  if (!IsBlockMaster(masterId))
+    return CJbCustBlockResult::Failure(eNotApplicable,
+                                       "The block \"%1\" is no master of customizable blocks.",
+                                       {Access::NameOf(masterId)});
   for (const auto& entry : m_pImpl->m_entries) {
     if (entry.second.masterBlockId == masterId && !entry.second.IsMaster())
       instances.append(entry.first);
   }
-  return true;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::DefaultState(const OdDbObjectId& graphId, OdResBufPtr& chain) {
-  CJbDbCustBlockGraphPtr graph = openAs<CJbDbCustBlockGraph>(graphId, OdDb::kForRead);
-  if (graph.isNull()) return false;
-  CJbDbCustBlockGraphInstanceContext context(kPlainState, graph->database());
+CJbCustBlockResult CJbDbCustBlockStorage::DefaultState(const OdDbObjectId& blockId,
+                                                       const OdDbObjectId& graphId,
+                                                       OdResBufPtr& chain) {
+  CJbDbCustBlockGraphPtr graph = Access::Open<CJbDbCustBlockGraph>(graphId, OdDb::kForRead);
+  if (graph.isNull()) return NoGraph(blockId);
+  CJbDbCustBlockGraphInstanceContext context(StateRecord::kPlainState, graph->database());
   chain = graph->SaveInstance(&context);
-  return !chain.isNull();
+  if (chain.isNull())
+    return CJbCustBlockResult::Failure(eInvalidResBuf,
+                                       "The evaluation graph of block \"%1\" gives no state.",
+                                       {Access::NameOf(blockId)});
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::GetCustomData(const OdDbObjectId& blockId, OdResBufPtr& chain) const {
+CJbCustBlockResult CJbDbCustBlockStorage::NoGraph(const OdDbObjectId& blockId) {
+  return CJbCustBlockResult::Failure(
+      eKeyNotFound, "The evaluation graph of block \"%1\" is missing.", {Access::NameOf(blockId)});
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::GetCustomData(const OdDbObjectId& blockId,
+                                                        OdResBufPtr& chain) const {
   assertReadEnabled();
   const CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
-  if (!entry) return false;
-  if (OdDbXrecordPtr record = openAs<OdDbXrecord>(entry->customDataId, OdDb::kForRead)) {
-    chain = stateOf(record.get());
-    return true;
+  if (!entry) return NotCustomizable(blockId);
+  if (OdDbXrecordPtr record = Access::Open<OdDbXrecord>(entry->customDataId, OdDb::kForRead)) {
+    chain = StateRecord::Read(record.get());
+    return CJbCustBlockResult();
   }
   OdDbObjectId graphId;
-  return GetMasterBlockGraphId(blockId, graphId) && DefaultState(graphId, chain);
+  const CJbCustBlockResult found = GetMasterBlockGraphId(blockId, graphId);
+  return found ? DefaultState(blockId, graphId, chain) : found;
 }
 
-bool CJbDbCustBlockStorage::GetUpdatedGraph(const OdDbObjectId& blockId,
-                                            CJbDbCustBlockGraphPtr& graph) const {
+CJbCustBlockResult CJbDbCustBlockStorage::GetUpdatedGraph(const OdDbObjectId& blockId,
+                                                          CJbDbCustBlockGraphPtr& graph) const {
   assertReadEnabled();
   OdDbObjectId graphId;
-  if (!m_pImpl->Find(blockId) || !GetMasterBlockGraphId(blockId, graphId)) return false;
-  CJbDbCustBlockGraphPtr master = openAs<CJbDbCustBlockGraph>(graphId, OdDb::kForRead);
+  if (const CJbCustBlockResult found = GetMasterBlockGraphId(blockId, graphId); !found)
+    return found;
+  CJbDbCustBlockGraphPtr master = Access::Open<CJbDbCustBlockGraph>(graphId, OdDb::kForRead);
+  if (master.isNull()) return NoGraph(blockId);
   OdResBufPtr chain;
-  if (master.isNull() || !GetCustomData(blockId, chain)) return false;
+  if (const CJbCustBlockResult state = GetCustomData(blockId, chain); !state) return state;
   CJbDbCustBlockGraphPtr clone = CJbDbCustBlockGraph::cast(master->clone().get());
-  if (clone.isNull()) return false;
+  if (clone.isNull())
+    return CJbCustBlockResult::Failure(eNotApplicable,
+                                       "The evaluation graph of block \"%1\" cannot be copied.",
+                                       {Access::NameOf(blockId)});
   // State saved from this clone carries the current format, whatever the master was read at.
   clone->UpgradeToCurrentVersion();
-  CJbDbCustBlockGraphInstanceContext context(kPlainState, database());
+  CJbDbCustBlockGraphInstanceContext context(StateRecord::kPlainState, database());
   clone->LoadInstance(chain, &context);
   graph = clone;
-  return true;
+  return CJbCustBlockResult();
 }
 
 bool CJbDbCustBlockStorage::IsNewBlockInstanceRequired(const OdDbObjectId& blockId) const {
@@ -274,23 +166,29 @@ bool CJbDbCustBlockStorage::IsNewBlockInstanceRequired(const OdDbObjectId& block
   const CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
   if (!entry) return false;
   if (entry->IsMaster()) return true;
-  return directReferences(blockId).length() > 1;
+  return Access::DirectReferences(blockId).length() > 1;
 }
 
-bool CJbDbCustBlockStorage::AppendMasterBlock(const OdDbObjectId& blockId, OdDbObjectId& graphId) {
+CJbCustBlockResult CJbDbCustBlockStorage::AppendMasterBlock(const OdDbObjectId& blockId,
+                                                            OdDbObjectId& graphId) {
   assertReadEnabled();
-  if (m_pImpl->Find(blockId)) return false;
+  if (m_pImpl->Find(blockId))
+    return CJbCustBlockResult::Failure(eDuplicateKey, "The block \"%1\" is customizable already.",
+                                       {Access::NameOf(blockId)});
   OdString name;
-  if (OdDbBlockTableRecordPtr block = openAs<OdDbBlockTableRecord>(blockId, OdDb::kForRead))
+  if (OdDbBlockTableRecordPtr block = Access::Open<OdDbBlockTableRecord>(blockId, OdDb::kForRead))
     name = block->getName();
   else
-    return false;
+    return NoBlock(blockId);
   CJbDbCustBlockGraphPtr graph;
   if (!graphId.isNull()) {
-    graph = openAs<CJbDbCustBlockGraph>(graphId, OdDb::kForWrite);
-    if (graph.isNull()) return false;
+    graph = Access::Open<CJbDbCustBlockGraph>(graphId, OdDb::kForWrite);
+    if (graph.isNull())
+      return CJbCustBlockResult::Failure(
+          eWrongObjectType, "The object %1 is no evaluation graph that can be changed.",
+          {graphId.getHandle().ascii()});
   } else {
-    if (!database()) return false;
+    if (!database()) return NoDrawing();
     graph = CJbDbCustBlockGraph::createObject();
     graphId = database()->addOdDbObject(graph.get());
   }
@@ -301,106 +199,148 @@ bool CJbDbCustBlockStorage::AppendMasterBlock(const OdDbObjectId& blockId, OdDbO
   graph->SetBlockDefinitionId(blockId);
   graph.release();
   CleanUp();
-  return true;
+  return CJbCustBlockResult();
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::NoBlock(const OdDbObjectId& id) {
+  return CJbCustBlockResult::Failure(eNotThatKindOfClass, "\"%1\" is no block definition.",
+                                     {Access::NameOf(id)});
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::NoDrawing() {
+  return CJbCustBlockResult::Failure(eNoDatabase, "The block storage belongs to no drawing.");
 }
 
 bool CJbDbCustBlockStorage::HasState(const OdDbObjectId& blockId) const {
   assertReadEnabled();
   const CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
   if (!entry) return false;
-  if (!openAs<OdDbXrecord>(entry->customDataId, OdDb::kForRead).isNull()) return true;
+  if (!Access::Open<OdDbXrecord>(entry->customDataId, OdDb::kForRead).isNull()) return true;
   const CustBlockStorageEntry* master = m_pImpl->FindMaster(blockId);
-  return master && !openAs<CJbDbCustBlockGraph>(master->graphId, OdDb::kForRead).isNull();
+  return master && !Access::Open<CJbDbCustBlockGraph>(master->graphId, OdDb::kForRead).isNull();
 }
 
-bool CJbDbCustBlockStorage::CreateBlockInstance(const OdDbObjectId& blockId,
-                                                OdDbObjectId& newBlockId) {
-  if (!HasState(blockId) || !database()) return false;
+CJbCustBlockResult CJbDbCustBlockStorage::CreateBlockInstance(const OdDbObjectId& blockId,
+                                                              OdDbObjectId& newBlockId) {
   OdDbObjectId masterId, graphId;
-  if (!GetMasterBlockId(blockId, masterId) || !GetMasterBlockGraphId(blockId, graphId))
-    return false;
+  if (const CJbCustBlockResult found = GetMasterBlockId(blockId, masterId); !found) return found;
+  if (const CJbCustBlockResult found = GetMasterBlockGraphId(blockId, graphId); !found)
+    return found;
+  if (!HasState(blockId)) return NoGraph(blockId);
+  if (!database()) return NoDrawing();
   assertWriteEnabled();
   OdDbObjectPtr table = database()->getBlockTableId().openObjectShared(OdDb::kForWrite);
-  if (table.isNull()) return false;
+  if (table.isNull())
+    return CJbCustBlockResult::Failure(eNotOpenForWrite,
+                                       "The block table cannot be opened for a new block.");
   OdDbIdMappingPtr mapping;
   const OdDbObjectId copyId = CopyBlockTableRecord(blockId, mapping);
   table.release();
-  if (copyId.isNull()) return false;
+  if (copyId.isNull())
+    return CJbCustBlockResult::Failure(eNotApplicable, "The block \"%1\" could not be copied.",
+                                       {Access::NameOf(blockId)});
   {
-    OdDbBlockTableRecordPtr copy = openAs<OdDbBlockTableRecord>(copyId, OdDb::kForWrite);
+    OdDbBlockTableRecordPtr copy = Access::Open<OdDbBlockTableRecord>(copyId, OdDb::kForWrite);
     copy->createExtensionDictionary();
     OdDbDictionaryPtr dictionary =
-        openAs<OdDbDictionary>(copy->extensionDictionary(), OdDb::kForWrite);
+        Access::Open<OdDbDictionary>(copy->extensionDictionary(), OdDb::kForWrite);
     OdDbXrecordPtr preventor = OdDbXrecord::createObject();
     preventor->setFromRbChain(OdResBuf::newRb(kHardPointerCode, blockId).get());
     dictionary->setAt(kPurgePreventorKey, preventor.get());
   }
-  if (!CopyBlockInstance(blockId, masterId, copyId, *mapping)) {
-    eraseObject(copyId);
-    return false;
+  if (const CJbCustBlockResult copied = CopyBlockInstance(blockId, masterId, copyId, *mapping);
+      !copied) {
+    Access::Erase(copyId);
+    return copied;
   }
   newBlockId = copyId;
-  return true;
+  return CJbCustBlockResult();
 }
 
-OdDbObjectId CJbDbCustBlockStorage::AddCustomDataRecord(const OdResBufPtr& chain) {
+CJbCustBlockResult CJbDbCustBlockStorage::AddCustomDataRecord(const OdDbObjectId& blockId,
+                                                              const OdResBufPtr& chain,
+                                                              OdDbObjectId& recordId) {
+  if (!database()) return NoDrawing();
   OdDbXrecordPtr record = OdDbXrecord::createObject();
-  if (!database() || storeState(record.get(), chain.get()) != eOk) return OdDbObjectId::kNull;
-  const OdDbObjectId id = database()->addOdDbObject(record.get());
+  if (const OdResult stored = StateRecord::Write(record.get(), chain.get()); stored != eOk)
+    return StateNotStored(blockId, stored);
+  recordId = database()->addOdDbObject(record.get());
   record->setOwnerId(objectId());
-  return id;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& blockId, OdResBufPtr chain) {
+CJbCustBlockResult CJbDbCustBlockStorage::StateNotStored(const OdDbObjectId& blockId,
+                                                         OdResult code) {
+  return CJbCustBlockResult::Failure(code, "The state of block \"%1\" cannot be stored.",
+                                     {Access::NameOf(blockId)});
+}
+
+CJbCustBlockResult CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& blockId,
+                                                        OdResBufPtr chain) {
   assertReadEnabled();
   CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
-  if (!entry) return false;
-  if (OdDbXrecordPtr record = openAs<OdDbXrecord>(entry->customDataId, OdDb::kForWrite))
-    return storeState(record.get(), chain.get()) == eOk;
+  if (!entry) return NotCustomizable(blockId);
+  if (OdDbXrecordPtr record = Access::Open<OdDbXrecord>(entry->customDataId, OdDb::kForWrite)) {
+    const OdResult stored = StateRecord::Write(record.get(), chain.get());
+    return stored == eOk ? CJbCustBlockResult() : StateNotStored(blockId, stored);
+  }
   assertWriteEnabled();
-  const OdDbObjectId recordId = AddCustomDataRecord(chain);
-  if (recordId.isNull()) return false;
-  entry->customDataId = recordId;
-  return true;
+  OdDbObjectId recordId;
+  const CJbCustBlockResult added = AddCustomDataRecord(blockId, chain, recordId);
+  if (added) entry->customDataId = recordId;
+  return added;
 }
 
-bool CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& sourceBlockId,
-                                          const OdDbObjectId& newBlockId, OdResBufPtr chain) {
+CJbCustBlockResult CJbDbCustBlockStorage::SetCustomData(const OdDbObjectId& sourceBlockId,
+                                                        const OdDbObjectId& newBlockId,
+                                                        OdResBufPtr chain) {
   OdDbDatabase* own = database();
-  if (!own || sourceBlockId.database() != own || newBlockId.database() != own) return false;
+  if (!own) return NoDrawing();
+  if (sourceBlockId.database() != own || newBlockId.database() != own)
+    return CJbCustBlockResult::Failure(
+        eWrongDatabase, "The blocks \"%1\" and \"%2\" are not both in the storage's drawing.",
+        {Access::NameOf(sourceBlockId), Access::NameOf(newBlockId)});
   assertReadEnabled();
   if (m_pImpl->Find(newBlockId)) return SetCustomData(newBlockId, chain);
-  const CustBlockStorageEntry* master = m_pImpl->FindMaster(sourceBlockId);
-  if (!master || master->graphId.isNull()) return false;
+  OdDbObjectId graphId;
+  if (const CJbCustBlockResult found = GetMasterBlockGraphId(sourceBlockId, graphId); !found)
+    return found;
+  if (graphId.isNull()) return NoGraph(sourceBlockId);
   OdString name;
-  if (OdDbBlockTableRecordPtr block = openAs<OdDbBlockTableRecord>(newBlockId, OdDb::kForRead))
+  if (OdDbBlockTableRecordPtr block =
+          Access::Open<OdDbBlockTableRecord>(newBlockId, OdDb::kForRead))
     name = block->getName();
   else
-    return false;
+    return NoBlock(newBlockId);
   assertWriteEnabled();
-  const OdDbObjectId recordId = AddCustomDataRecord(chain);
-  if (recordId.isNull()) return false;
+  OdDbObjectId recordId;
+  if (const CJbCustBlockResult added = AddCustomDataRecord(newBlockId, chain, recordId); !added)
+    return added;
+  const OdDbObjectId masterId = m_pImpl->FindMaster(sourceBlockId)->blockId;
   m_pImpl->m_entries[newBlockId] =
-      CustBlockStorageEntry{newBlockId, name, master->graphId, master->blockId, recordId};
-  return true;
+      CustBlockStorageEntry{newBlockId, name, graphId, masterId, recordId};
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::EraseMasterCustomData(const OdDbObjectId& blockId) {
+CJbCustBlockResult CJbDbCustBlockStorage::EraseMasterCustomData(const OdDbObjectId& blockId) {
   assertReadEnabled();
+  OdDbObjectId graphId;
+  if (const CJbCustBlockResult found = GetMasterBlockGraphId(blockId, graphId); !found)
+    return found;
   const CustBlockStorageEntry* master = m_pImpl->FindMaster(blockId);
-  if (!master) return false;
   if (!master->customDataId.isNull()) {
     assertWriteEnabled();
-    eraseOwnedBy(objectId(), master->customDataId);
+    Access::EraseOwnedBy(objectId(), master->customDataId);
     m_pImpl->Find(master->blockId)->customDataId = OdDbObjectId::kNull;
   }
-  return true;
+  return CJbCustBlockResult();
 }
 
-bool CJbDbCustBlockStorage::RemoveBlock(const OdDbObjectId& blockId, bool repointReferences) {
+CJbCustBlockResult CJbDbCustBlockStorage::RemoveBlock(const OdDbObjectId& blockId,
+                                                      bool repointReferences) {
   assertReadEnabled();
   const CustBlockStorageEntry* found = m_pImpl->Find(blockId);
-  if (!found) return false;
+  if (!found) return NotCustomizable(blockId);
   assertWriteEnabled();
   const CustBlockStorageEntry entry = *found;
   if (entry.IsMaster()) {
@@ -409,14 +349,14 @@ bool CJbDbCustBlockStorage::RemoveBlock(const OdDbObjectId& blockId, bool repoin
     for (const OdDbObjectId& instance : instances)
       RemoveBlock(instance, true);
   } else if (repointReferences && entry.masterBlockId.isValid()) {
-    pointReferencesAt(directReferences(blockId), entry.masterBlockId);
+    Access::PointReferencesAt(Access::DirectReferences(blockId), entry.masterBlockId);
   }
   CJbDbCustBlockGraphPtr graph;
   if (GetUpdatedGraph(blockId, graph)) graph->Reset(blockId, true);
-  if (entry.IsMaster()) eraseOwnedBy(objectId(), entry.graphId);
-  eraseOwnedBy(objectId(), entry.customDataId);
+  if (entry.IsMaster()) Access::EraseOwnedBy(objectId(), entry.graphId);
+  Access::EraseOwnedBy(objectId(), entry.customDataId);
   m_pImpl->m_entries.erase(blockId);
-  return true;
+  return CJbCustBlockResult();
 }
 
 void CJbDbCustBlockStorage::CleanUp() {
@@ -460,210 +400,43 @@ void CJbDbCustBlockStorage::SwapBlockIds(const OdDbObjectId& blockA, const OdDbO
   }
   for (const CustBlockStorageEntry& entry : moved) {
     if (!entry.IsMaster()) continue;
-    if (CJbDbCustBlockGraphPtr graph = openAs<CJbDbCustBlockGraph>(entry.graphId, OdDb::kForWrite))
+    if (CJbDbCustBlockGraphPtr graph =
+            Access::Open<CJbDbCustBlockGraph>(entry.graphId, OdDb::kForWrite))
       graph->SetBlockDefinitionId(entry.blockId);
   }
 }
 
 OdDbObjectId CJbDbCustBlockStorage::CopyBlockTableRecord(const OdDbObjectId& blockId,
                                                          OdDbIdMappingPtr& mapping) {
-  if (blockId.isNull()) return OdDbObjectId::kNull;
   if (mapping.isNull()) mapping = OdDbIdMapping::createObject();
-  OdDbObjectId tableId;
-  if (OdDbObjectPtr block = blockId.openObjectShared(OdDb::kForRead))
-    tableId = block->ownerId();
-  else
-    return OdDbObjectId::kNull;
-  {
-    const CJbCustBlockDeepCloneReactor::Suspension ownCopy;
-    const BlockTableRecordCloner cloner(blockId, mapping.get());
-    blockId.database()->deepCloneObjects(OdDbObjectIdArray{blockId}, tableId, *mapping, false);
-  }
-  const OdDbObjectId cloneId = cloneOf(*mapping, blockId);
-  if (cloneId.isNull()) return cloneId;
-  RemoveBlockCustomization(cloneId, true, true);
-  return cloneId;
+  return CJbCustBlockCopier(*mapping).CopyBlock(blockId);
 }
 
-bool CJbDbCustBlockStorage::CopyBlockInstance(const OdDbObjectId& sourceBlockId,
-                                              const OdDbObjectId& masterId,
-                                              const OdDbObjectId& newBlockId,
-                                              OdDbIdMapping& mapping) {
-  CJbDbCustBlockGraphPtr updated;
-  {
-    CJbDbCustBlockStoragePtr source = GetStorage(sourceBlockId.database(), OdDb::kForRead, false);
-    if (source.isNull() || !source->IsBlockCustomizable(sourceBlockId)) return true;
-    OdDbObjectId sourceGraphId;
-    if (!source->GetMasterBlockGraphId(sourceBlockId, sourceGraphId) ||
-        !source->GetUpdatedGraph(sourceBlockId, updated))
-      return false;
-  }
-  CJbDbCustBlockStoragePtr storage = GetStorage(newBlockId.database(), OdDb::kForWrite, false);
-  OdDbObjectId graphId;
-  if (storage.isNull() || !storage->IsBlockMaster(masterId) ||
-      !storage->GetMasterBlockGraphId(masterId, graphId))
-    return false;
-  CJbDbCustBlockGraphInstanceContext context(kPlainState, masterId.database());
-  OdResBufPtr chain = updated->SaveInstance(&context);
-  ApplyMappingToCustomData(chain, mapping);
-  return storage->SetCustomData(masterId, newBlockId, chain);
+CJbCustBlockResult CJbDbCustBlockStorage::CopyBlockInstance(const OdDbObjectId& sourceBlockId,
+                                                            const OdDbObjectId& masterId,
+                                                            const OdDbObjectId& newBlockId,
+                                                            OdDbIdMapping& mapping) {
+  return CJbCustBlockCopier(mapping).CopyState(sourceBlockId, masterId, newBlockId);
 }
 
-bool CJbDbCustBlockStorage::ApplyMappingToCustomData(OdResBufPtr chain,
+CJbCustBlockResult CJbDbCustBlockStorage::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
+                                                          const OdDbObjectId& destBlockId,
+                                                          OdDbIdMapping& mapping,
+                                                          bool insideCloneOperation) {
+  return CJbCustBlockCopier(mapping).CopyMaster(sourceBlockId, destBlockId, insideCloneOperation);
+}
+
+void CJbDbCustBlockStorage::ApplyMappingToCustomData(OdResBufPtr chain,
                                                      const OdDbIdMapping& mapping) {
-  // Only soft pointers are instance references; the other id kinds keep what they name.
-  for (OdResBuf* item = chain.get(); item; item = item->next().get()) {
-    if (item->restype() != OdResBuf::kDxfSoftPointerId) continue;
-    const OdDbObjectId clone = cloneOf(mapping, item->getObjectId());
-    if (!clone.isNull()) item->setObjectId(clone);
-  }
-  return true;
-}
-
-bool CJbDbCustBlockStorage::CopyMasterBlock(const OdDbObjectId& sourceBlockId,
-                                            const OdDbObjectId& destBlockId, OdDbIdMapping& mapping,
-                                            bool insideCloneOperation) {
-  OdDbDatabase* destDb = destBlockId.database();
-  OdDbDatabase* sourceDb = sourceBlockId.database();
-  if (!destDb || !sourceDb) return false;
-  CJbDbCustBlockStoragePtr storage = GetStorage(destDb, OdDb::kForWrite, true);
-  if (storage.isNull()) return false;
-  const bool sameBlock = sourceBlockId == destBlockId;
-
-  // References inserted straight from the old master keep their look through an instance.
-  if (storage->IsBlockCustomizable(destBlockId)) {
-    OdDbObjectId copyId;
-    const OdDbObjectIdArray references = directReferences(destBlockId);
-    if (storage->CreateBlockInstance(destBlockId, copyId)) pointReferencesAt(references, copyId);
-  }
-
-  struct RememberedInstance {
-    OdDbObjectId blockId;
-    OdResBufPtr state;
-    OdDbObjectIdArray references;
-  };
-  std::vector<RememberedInstance> remembered;
-  OdArray<OdDbObjectId> instances;
-  storage->GetAllBlockInstancesForMasterBlock(destBlockId, instances);
-  for (const OdDbObjectId& instance : instances) {
-    const OdDbObjectIdArray references = directReferences(instance);
-    if (references.isEmpty()) {
-      eraseObject(instance);
-      continue;
-    }
-    RememberedInstance kept{instance, OdResBufPtr(), references};
-    CJbDbCustBlockGraphPtr graph;
-    if (storage->GetUpdatedGraph(instance, graph)) {
-      CJbDbCustBlockGraphInstanceContext context(kPortableState, destDb);
-      kept.state = graph->SaveInstance(&context);
-    }
-    remembered.push_back(kept);
-  }
-  if (!sameBlock) storage->RemoveBlock(destBlockId, true);
-
-  OdDbObjectId sourceGraphId;
-  OdResBufPtr sourceState;
-  {
-    CJbDbCustBlockStoragePtr source = GetStorage(sourceDb, OdDb::kForRead, false);
-    if (source.isNull() || !source->GetMasterBlockGraphId(sourceBlockId, sourceGraphId) ||
-        !source->GetCustomData(sourceBlockId, sourceState))
-      return false;
-  }
-  if (!sameBlock) {
-    OdDbObjectId graphId = cloneOf(mapping, sourceGraphId);
-    if (graphId.isNull()) {
-      const CJbCustBlockDeepCloneReactor::Suspension ownCopy;
-      const bool otherDrawing = sourceDb != destDb;
-      if (insideCloneOperation) {
-        CJbDbCustBlockGraphPtr graph = openAs<CJbDbCustBlockGraph>(sourceGraphId, OdDb::kForRead);
-        if (graph.isNull()) return false;
-        OdDbObjectPtr clone = otherDrawing ? graph->wblockClone(mapping, storage.get(), true)
-                                           : graph->deepClone(mapping, storage.get(), true);
-        graphId = clone->objectId();
-      } else {
-        const OdDbObjectIdArray ids{sourceGraphId};
-        if (otherDrawing)
-          sourceDb->wblockCloneObjects(ids, storage->objectId(), mapping, OdDb::kDrcIgnore);
-        else
-          sourceDb->deepCloneObjects(ids, storage->objectId(), mapping);
-        graphId = cloneOf(mapping, sourceGraphId);
-      }
-    }
-    if (graphId.isNull() || !storage->AppendMasterBlock(destBlockId, graphId)) return false;
-  }
-  ApplyMappingToCustomData(sourceState, mapping);
-  storage->SetCustomData(destBlockId, sourceState);
-  CJbDbCustBlockGraphPtr destGraph;
-  if (storage->GetUpdatedGraph(destBlockId, destGraph)) {
-    destGraph->Reset(destBlockId, false);
-    destGraph->Evaluate(destBlockId, false);
-    CJbDbCustBlockGraphInstanceContext context(kPlainState, destDb);
-    storage->SetCustomData(destBlockId, destGraph->SaveInstance(&context));
-  }
-
-  int resetCount = 0;
-  for (const RememberedInstance& kept : remembered) {
-    OdDbObjectId instanceId;
-    CJbDbCustBlockGraphPtr graph;
-    if (!storage->CreateBlockInstance(destBlockId, instanceId) ||
-        !storage->GetUpdatedGraph(instanceId, graph))
-      continue;
-    graph->Reset(instanceId, false);
-    pointReferencesAt(kept.references, instanceId);
-    CJbDbCustBlockGraphInstanceContext full(kFullState, destDb);
-    if (kept.state.isNull() || !graph->LoadInstance(kept.state, &full)) {
-      ++resetCount;
-    } else {
-      graph->EvaluateFromBlockDefinition(instanceId, false);
-      if (CJbConstraintUtils* constraints = CJbConstraintUtils::Get())
-        constraints->UpdateConstraints(instanceId);
-      for (const OdDbObjectId& reference : kept.references)
-        CJbDbCustBlockGraph::UpdateAttributes(reference, nullptr);
-    }
-    CJbDbCustBlockGraphInstanceContext plain(kPlainState, destDb);
-    storage->SetCustomData(instanceId, graph->SaveInstance(&plain));
-    eraseObject(kept.blockId);
-  }
-  // The entries of the instance blocks erased above.
-  storage->CleanUp();
-  if (resetCount > 0) {
-    std::string message = odTranslate("customizable_blocks",
-                                      "Number of reset blocks due to incompatible changes: %1.")
-                              .str();
-    const std::size_t at = message.find("%1");
-    if (at != std::string::npos) message.replace(at, 2, std::to_string(resetCount));
-    CJbSystemServices::Get()->ShowMessage(message);
-  }
-  return true;
+  CJbCustBlockCopier::TranslateStateIds(chain.get(), mapping);
 }
 
 void CJbDbCustBlockStorage::RemoveBlockCustomization(const OdDbObjectId& blockId,
                                                      bool removeFromStorage,
                                                      bool removeOutsideData) {
-  OdDbBlockTableRecordPtr block = openAs<OdDbBlockTableRecord>(blockId, OdDb::kForWrite);
+  OdDbBlockTableRecordPtr block = Access::Open<OdDbBlockTableRecord>(blockId, OdDb::kForWrite);
   if (block.isNull()) return;
-  if (removeOutsideData) {
-    if (CJbCustBlockConverterUtils* converter = CJbCustBlockConverterUtils::Get()) {
-      // The host's converter opens the block itself.
-      block.release();
-      converter->RemoveOutsideData(blockId);
-    } else {
-      const OdDbObjectId dictionaryId = block->extensionDictionary();
-      if (!dictionaryId.isNull()) {
-        if (OdDbDictionaryPtr dictionary = openAs<OdDbDictionary>(dictionaryId, OdDb::kForWrite)) {
-          eraseObject(dictionary->getAt(kEnhancedBlockKey));
-          dictionary->remove(kEnhancedBlockKey);
-          dictionary->remove(kRoundTripPurgePreventerKey);
-        }
-        block->releaseExtensionDictionary();
-      }
-      // Only applications the block carries: clearing one would register its name otherwise.
-      for (const char* application : kOutsideApplications) {
-        if (block->xData(application).isNull()) continue;
-        block->setXData(OdResBuf::newRb(kApplicationNameCode, application).get());
-      }
-    }
-  }
+  if (removeOutsideData) CJbCustBlockOutsideData::RemoveFromBlock(block);
   if (removeFromStorage) {
     if (CJbDbCustBlockStoragePtr storage = GetStorage(blockId.database(), OdDb::kForWrite, false))
       storage->RemoveBlock(blockId, true);
@@ -673,203 +446,39 @@ void CJbDbCustBlockStorage::RemoveBlockCustomization(const OdDbObjectId& blockId
 void CJbDbCustBlockStorage::RemoveReferenceCustomization(const OdDbObjectId& referenceId,
                                                          bool removeBlockFromStorage,
                                                          bool restoreDynamicBlock) {
-  OdDbBlockReferencePtr reference = openAs<OdDbBlockReference>(referenceId, OdDb::kForWrite);
+  OdDbBlockReferencePtr reference = Access::Open<OdDbBlockReference>(referenceId, OdDb::kForWrite);
   if (reference.isNull()) return;
   if (removeBlockFromStorage) {
     if (CJbDbCustBlockStoragePtr storage =
             GetStorage(referenceId.database(), OdDb::kForWrite, false))
       storage->RemoveBlock(reference->blockTableRecord(), true);
   }
-  if (!restoreDynamicBlock) return;
-  const OdDbObjectId dynamicBlockId = CJbUtils::GetDynBlockId(referenceId);
-  if (dynamicBlockId.isValid()) reference->setBlockTableRecord(dynamicBlockId);
-  const OdDbObjectId dictionaryId = reference->extensionDictionary();
-  if (dictionaryId.isNull()) return;
-  if (OdDbDictionaryPtr dictionary = openAs<OdDbDictionary>(dictionaryId, OdDb::kForWrite))
-    dictionary->remove(kBlockRepresentationKey);
-  reference->releaseExtensionDictionary();
+  if (restoreDynamicBlock) CJbCustBlockOutsideData::RestoreReference(reference.get());
 }
 
 OdResult CJbDbCustBlockStorage::dwgInFields(OdDbDwgFiler* filer) {
-  OdResult result = OdDbObject::dwgInFields(filer);
-  if (result != eOk) return result;
-  CJbDbCustBlockStorageImpl& impl = *m_pImpl;
-  try {
-    impl.m_reserved1 = filer->rdInt32();
-    impl.m_reserved2 = filer->rdInt32();
-    impl.m_entries.clear();
-    const int count = filer->rdInt32();
-    for (int i = 0; i < count; ++i) {
-      CustBlockStorageEntry entry;
-      entry.blockId = filer->rdSoftPointerId();
-      entry.masterBlockId = filer->rdSoftPointerId();
-      entry.blockName = filer->rdString();
-      entry.graphId = entry.IsMaster() ? filer->rdHardOwnershipId() : filer->rdSoftPointerId();
-      entry.customDataId = filer->rdHardOwnershipId();
-      if (filer->filerStatus() != eOk) break;
-      if (!entry.blockId.isNull()) impl.m_entries[entry.blockId] = entry;
-    }
-  } catch (const OdError& error) {
-    return error.code();
-  } catch (const std::bad_alloc&) {
-    return eOutOfMemory;
-  }
-  return filer->filerStatus();
+  const OdResult result = OdDbObject::dwgInFields(filer);
+  return result == eOk ? m_pImpl->ReadDwg(filer) : result;
 }
 
 void CJbDbCustBlockStorage::dwgOutFields(OdDbDwgFiler* filer) const {
   assertReadEnabled();
   OdDbObject::dwgOutFields(filer);
-  const CJbDbCustBlockStorageImpl& impl = *m_pImpl;
-  filer->wrInt32(impl.m_reserved1);
-  filer->wrInt32(impl.m_reserved2);
-  filer->wrInt32(static_cast<std::int32_t>(impl.m_entries.size()));
-  for (const auto& item : impl.m_entries) {
-    const CustBlockStorageEntry& entry = item.second;
-    filer->wrSoftPointerId(entry.blockId);
-    filer->wrSoftPointerId(entry.masterBlockId);
-    filer->wrString(entry.blockName);
-    if (entry.IsMaster())
-      filer->wrHardOwnershipId(entry.graphId);
-    else
-      filer->wrSoftPointerId(entry.graphId);
-    filer->wrHardOwnershipId(entry.customDataId);
-  }
+  m_pImpl->WriteDwg(filer);
 }
 
 OdResult CJbDbCustBlockStorage::dxfInFields(OdDbDxfFiler* filer) {
-  OdResult result = OdDbObject::dxfInFields(filer);
-  if (result != eOk) return result;
-  if (!filer->atSubclassData(kSubclass)) return eBadDxfSequence;
-  CJbDbCustBlockStorageImpl& impl = *m_pImpl;
-  std::int32_t header[3] = {0, 0, 0};  // reserved1, reserved2, count
-  for (int i = 0; i < 3; ++i) {
-    if (!nextGroupIs(filer, 90)) return eBadDxfSequence;
-    header[i] = filer->rdInt32();
-    if (i == 1) impl.m_entries.clear();
-  }
-  impl.m_reserved1 = header[0];
-  impl.m_reserved2 = header[1];
-  for (std::int32_t i = 0; i < header[2]; ++i) {
-    CustBlockStorageEntry entry;
-    if (!nextGroupIs(filer, 330)) return eBadDxfSequence;
-    entry.blockId = filer->rdObjectId();
-    if (!nextGroupIs(filer, 330)) return eBadDxfSequence;
-    entry.masterBlockId = filer->rdObjectId();
-    if (!nextGroupIs(filer, 100)) return eBadDxfSequence;
-    entry.blockName = filer->rdString();
-    const int graphCode = filer->nextItem();
-    if (graphCode != 330 && graphCode != 360) {
-      filer->pushBackItem();
-      return eBadDxfSequence;
-    }
-    entry.graphId = filer->rdObjectId();
-    if (!nextGroupIs(filer, 360)) return eBadDxfSequence;
-    entry.customDataId = filer->rdObjectId();
-    if (!entry.blockId.isNull()) impl.m_entries[entry.blockId] = entry;
-  }
-  return filer->filerStatus();
+  const OdResult result = OdDbObject::dxfInFields(filer);
+  return result == eOk ? m_pImpl->ReadDxf(filer) : result;
 }
 
 void CJbDbCustBlockStorage::dxfOutFields(OdDbDxfFiler* filer) const {
   assertReadEnabled();
   OdDbObject::dxfOutFields(filer);
-  const CJbDbCustBlockStorageImpl& impl = *m_pImpl;
-  filer->wrSubclassMarker(kSubclass);
-  filer->wrInt32(90, impl.m_reserved1);
-  filer->wrInt32(90, impl.m_reserved2);
-  filer->wrInt32(90, static_cast<std::int32_t>(impl.m_entries.size()));
-  for (const auto& item : impl.m_entries) {
-    const CustBlockStorageEntry& entry = item.second;
-    filer->wrSoftPointerId(330, entry.blockId);
-    filer->wrSoftPointerId(330, entry.masterBlockId);
-    filer->wrString(100, entry.blockName);
-    if (entry.IsMaster())
-      filer->wrHardOwnershipId(360, entry.graphId);
-    else
-      filer->wrSoftPointerId(330, entry.graphId);
-    filer->wrHardOwnershipId(360, entry.customDataId);
-  }
-}
-
-void CJbDbCustBlockStorage::AuditEntry(const OdDbObjectId& blockId, OdDbAuditInfo* auditInfo) {
-  const CustBlockStorageEntry* entry = m_pImpl->Find(blockId);
-  if (!entry) return;
-  const bool fix = auditInfo->fixErrors();
-  const OdString name = "block " + blockId.getHandle().ascii();
-  const auto report = [&](const OdString& value, const OdString& validation,
-                          const OdString& repair) {
-    auditInfo->errorsFound(1);
-    auditInfo->printError(describe(), name + ": " + value, validation, repair);
-  };
-
-  if (!OdDbBlockTableRecord::cast(blockId.openObjectShared(OdDb::kForRead).get())) {
-    report("not a live block definition", "a block definition in the drawing", "entry removed");
-    if (fix) {
-      RemoveBlock(blockId, true);
-      auditInfo->errorsFixed(1);
-    }
-    return;
-  }
-  const CustBlockStorageEntry* master = m_pImpl->FindMaster(blockId);
-  CJbDbCustBlockGraphPtr graph = master
-                                     ? openAs<CJbDbCustBlockGraph>(master->graphId, OdDb::kForRead)
-                                     : CJbDbCustBlockGraphPtr();
-  if (graph.isNull()) {
-    report(master ? "master without an evaluation graph" : "instance without a master",
-           "a master owning its graph", "entry removed");
-    if (fix) {
-      m_pImpl->m_entries.erase(blockId);
-      auditInfo->errorsFixed(1);
-    }
-    return;
-  }
-  if (entry->IsMaster() && graph->IsOlderVersion()) {
-    report("graph of an older format", "the current graph format", "upgraded");
-    if (fix) {
-      graph->upgradeOpen();
-      graph->UpgradeToCurrentVersion();
-      auditInfo->errorsFixed(1);
-    }
-  }
-  graph.release();
-  if (entry->customDataId.isNull()) return;
-  OdDbXrecordPtr record = openAs<OdDbXrecord>(entry->customDataId, OdDb::kForRead);
-  if (record.isNull()) {
-    report("state is no extension record", "an extension record of instance state",
-           "default state");
-    if (fix) {
-      m_pImpl->Find(blockId)->customDataId = OdDbObjectId::kNull;
-      auditInfo->errorsFixed(1);
-    }
-    return;
-  }
-  const OdResBufPtr chain = stateOf(record.get());
-  record.release();
-  CJbDbCustBlockGraphPtr updated;
-  if (!GetUpdatedGraph(blockId, updated)) return;
-  CJbDbCustBlockGraphInstanceContext context(kPlainState, database());
-  const bool loads = !chain.isNull() && updated->LoadInstance(chain, &context);
-  const int version = updated->GetMajorVersion() * 100 + updated->GetMinorVersion();
-  if (loads && chainVersion(chain.get()) == version) return;
-  report(loads ? "state of an older format" : "state that does not load",
-         "state saved by the current graph", "saved again");
-  if (fix) {
-    SetCustomData(blockId, updated->SaveInstance(&context));
-    auditInfo->errorsFixed(1);
-  }
+  m_pImpl->WriteDxf(filer);
 }
 
 void CJbDbCustBlockStorage::audit(OdDbAuditInfo* auditInfo) {
   OdDbObject::audit(auditInfo);
-  OdArray<OdDbObjectId> ids;
-  for (const auto& entry : m_pImpl->m_entries)
-    ids.append(entry.first);
-  // Masters first, so that their graphs are current before the instances' state is checked.
-  for (bool masters : {true, false}) {
-    for (const OdDbObjectId& id : ids) {
-      const CustBlockStorageEntry* entry = m_pImpl->Find(id);
-      if (entry && entry->IsMaster() == masters) AuditEntry(id, auditInfo);
-    }
-  }
+  CJbCustBlockStorageAuditor(*this, *m_pImpl, *auditInfo).Audit();
 }

@@ -3,7 +3,8 @@
 // copies of a master), and where each block's instance state is kept. It copies shared blocks into
 // new anonymous blocks for editing, copies masters with their graphs, and strips the round-trip
 // data another application's dynamic blocks leave behind. It lives in the named-objects
-// dictionary under "JB_CUST_BLOCK_DATA".
+// dictionary under "JB_CUST_BLOCK_DATA". Questions answer bool; operations that can fail answer a
+// result whose reason names the block and what was missing.
 #pragma once
 
 #include <memory>
@@ -11,6 +12,7 @@
 #include "core/CJbDbCustBlockGraph.h"
 #include "platform/db/OdDbObject.h"
 #include "platform/db/cloning/OdDbIdMapping.h"
+#include "storage/CJbCustBlockResult.h"
 
 class CJbDbCustBlockStorageImpl;
 class CJbDbCustBlockStorage;
@@ -30,31 +32,33 @@ class CJbDbCustBlockStorage : public OdDbObject {
 
   bool IsBlockCustomizable(const OdDbObjectId& blockId) const;
   bool IsBlockMaster(const OdDbObjectId& blockId) const;
-  bool GetMasterBlockId(const OdDbObjectId& blockId, OdDbObjectId& masterId) const;
-  bool GetMasterBlockGraphId(const OdDbObjectId& blockId, OdDbObjectId& graphId) const;
+  CJbCustBlockResult GetMasterBlockId(const OdDbObjectId& blockId, OdDbObjectId& masterId) const;
+  CJbCustBlockResult GetMasterBlockGraphId(const OdDbObjectId& blockId,
+                                           OdDbObjectId& graphId) const;
   // The instance blocks of a master, in entry order.
-  bool GetAllBlockInstancesForMasterBlock(const OdDbObjectId& masterId,
-                                          OdArray<OdDbObjectId>& instances) const;
+  CJbCustBlockResult GetAllBlockInstancesForMasterBlock(const OdDbObjectId& masterId,
+                                                        OdArray<OdDbObjectId>& instances) const;
   // The block's instance state: its own when set, else the master graph's default state.
-  bool GetCustomData(const OdDbObjectId& blockId, OdResBufPtr& chain) const;
+  CJbCustBlockResult GetCustomData(const OdDbObjectId& blockId, OdResBufPtr& chain) const;
   // A private clone of the master graph loaded with the block's state; the master is untouched.
-  bool GetUpdatedGraph(const OdDbObjectId& blockId, CJbDbCustBlockGraphPtr& graph) const;
+  CJbCustBlockResult GetUpdatedGraph(const OdDbObjectId& blockId,
+                                     CJbDbCustBlockGraphPtr& graph) const;
   // A master, or an instance block shown by more than one reference, is never edited in place.
   bool IsNewBlockInstanceRequired(const OdDbObjectId& blockId) const;
 
   // Registers a block as a master owning `graphId` (a new graph when null, returned there).
-  bool AppendMasterBlock(const OdDbObjectId& blockId, OdDbObjectId& graphId);
+  CJbCustBlockResult AppendMasterBlock(const OdDbObjectId& blockId, OdDbObjectId& graphId);
   // Copies the block into a new anonymous instance block carrying the block's state.
-  bool CreateBlockInstance(const OdDbObjectId& blockId, OdDbObjectId& newBlockId);
-  bool SetCustomData(const OdDbObjectId& blockId, OdResBufPtr chain);
+  CJbCustBlockResult CreateBlockInstance(const OdDbObjectId& blockId, OdDbObjectId& newBlockId);
+  CJbCustBlockResult SetCustomData(const OdDbObjectId& blockId, OdResBufPtr chain);
   // Stores state for newBlockId, registering it as an instance of sourceBlockId's master when it
   // has no entry yet.
-  bool SetCustomData(const OdDbObjectId& sourceBlockId, const OdDbObjectId& newBlockId,
-                     OdResBufPtr chain);
-  bool EraseMasterCustomData(const OdDbObjectId& blockId);
+  CJbCustBlockResult SetCustomData(const OdDbObjectId& sourceBlockId,
+                                   const OdDbObjectId& newBlockId, OdResBufPtr chain);
+  CJbCustBlockResult EraseMasterCustomData(const OdDbObjectId& blockId);
   // Drops a block's entry; a master takes its instances with it. References of a dropped
   // instance fall back to the master when `repointReferences`.
-  bool RemoveBlock(const OdDbObjectId& blockId, bool repointReferences);
+  CJbCustBlockResult RemoveBlock(const OdDbObjectId& blockId, bool repointReferences);
   // Drops the entries of erased blocks.
   void CleanUp();
   // Exchanges two masters' ids throughout the storage, as when a definition is replaced by an
@@ -66,21 +70,22 @@ class CJbDbCustBlockStorage : public OdDbObject {
   static OdDbObjectId CopyBlockTableRecord(const OdDbObjectId& blockId, OdDbIdMappingPtr& mapping);
   // Registers newBlockId as an instance of `masterId` carrying the state of sourceBlockId, ids
   // translated through `mapping`. A source that is no customizable block copies nothing.
-  static bool CopyBlockInstance(const OdDbObjectId& sourceBlockId, const OdDbObjectId& masterId,
-                                const OdDbObjectId& newBlockId, OdDbIdMapping& mapping);
+  static CJbCustBlockResult CopyBlockInstance(const OdDbObjectId& sourceBlockId,
+                                              const OdDbObjectId& masterId,
+                                              const OdDbObjectId& newBlockId,
+                                              OdDbIdMapping& mapping);
   // Makes destBlockId a master with a copy of sourceBlockId's customization, rebuilding the
   // existing instances of destBlockId; instances whose state no longer fits are reset and counted
   // in a message to the user.
-  static bool CopyMasterBlock(const OdDbObjectId& sourceBlockId, const OdDbObjectId& destBlockId,
-                              OdDbIdMapping& mapping, bool insideCloneOperation);
+  static CJbCustBlockResult CopyMasterBlock(const OdDbObjectId& sourceBlockId,
+                                            const OdDbObjectId& destBlockId, OdDbIdMapping& mapping,
+                                            bool insideCloneOperation);
   static void RemoveBlockCustomization(const OdDbObjectId& blockId, bool removeFromStorage,
                                        bool removeOutsideData);
   static void RemoveReferenceCustomization(const OdDbObjectId& referenceId,
                                            bool removeBlockFromStorage, bool restoreDynamicBlock);
 
-  // The two reserved values and the entry count, then per entry in id order: block, master, name,
-  // graph (owned by a master, referred to by an instance) and the owned state record. A DXF
-  // record with a group code out of place reads as eBadDxfSequence.
+  // The object's common data, then the entries (see CJbDbCustBlockStorageImpl).
   OdResult dwgInFields(OdDbDwgFiler* filer) override;
   void dwgOutFields(OdDbDwgFiler* filer) const override;
   OdResult dxfInFields(OdDbDxfFiler* filer) override;
@@ -93,16 +98,23 @@ class CJbDbCustBlockStorage : public OdDbObject {
 
  protected:
   // Rewrites the object ids (group code 330 only) of a state chain through a clone mapping.
-  static bool ApplyMappingToCustomData(OdResBufPtr chain, const OdDbIdMapping& mapping);
+  static void ApplyMappingToCustomData(OdResBufPtr chain, const OdDbIdMapping& mapping);
 
  private:
-  // A new state record owned by the storage; its id.
-  OdDbObjectId AddCustomDataRecord(const OdResBufPtr& chain);
+  // A new state record of the block, owned by the storage; its id.
+  CJbCustBlockResult AddCustomDataRecord(const OdDbObjectId& blockId, const OdResBufPtr& chain,
+                                         OdDbObjectId& recordId);
   // Whether GetCustomData finds state for the block, without building the chain.
   bool HasState(const OdDbObjectId& blockId) const;
-  // The state the master graph would give a new instance.
-  static bool DefaultState(const OdDbObjectId& graphId, OdResBufPtr& chain);
-  void AuditEntry(const OdDbObjectId& blockId, OdDbAuditInfo* auditInfo);
+  // The state the master graph would give a new instance of the block.
+  static CJbCustBlockResult DefaultState(const OdDbObjectId& blockId, const OdDbObjectId& graphId,
+                                         OdResBufPtr& chain);
+  // The failures the operations share, each naming what it is about.
+  static CJbCustBlockResult NotCustomizable(const OdDbObjectId& blockId);
+  static CJbCustBlockResult NoGraph(const OdDbObjectId& blockId);
+  static CJbCustBlockResult NoBlock(const OdDbObjectId& id);
+  static CJbCustBlockResult NoDrawing();
+  static CJbCustBlockResult StateNotStored(const OdDbObjectId& blockId, OdResult code);
 
   std::unique_ptr<CJbDbCustBlockStorageImpl> m_pImpl;
 };

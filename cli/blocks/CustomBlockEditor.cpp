@@ -45,10 +45,12 @@ CJbDbCustBlockGraphPtr graphOf(const CustomBlockCatalog& catalog, const OdDbObje
   return graph;
 }
 
-void commit(CJbCustBlockEditorHelper& helper, const OdDbObjectId& reference) {
-  if (!helper.Commit())
-    throw OdError(eInvalidInput,
-                  "the state of reference " + handleOf(reference) + " could not be stored");
+// The graph for write of the helper's reference, or OdError saying why there is none.
+CJbDbCustBlockGraphPtr graphForWrite(CJbCustBlockEditorHelper& helper) {
+  CJbCustBlockResult result;
+  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite, result);
+  result.ThrowIfFailed();
+  return graph;
 }
 
 CJbCustBlockParameterPtr parameterOf(const CJbDbCustBlockGraph* graph,
@@ -84,16 +86,14 @@ std::vector<CustomBlockEditor::Change> CustomBlockEditor::set(const OdDbObjectId
   }
   CJbCustBlockEditorHelper helper(reference);
   // Still held after the commit: the graph as the evaluation left it.
-  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
-  if (graph.isNull())
-    throw OdError(eNotApplicable, "reference " + handleOf(reference) + " cannot be edited");
+  const CJbDbCustBlockGraphPtr graph = graphForWrite(helper);
   for (std::size_t i = 0; i < planned.size(); ++i) {
     const CJbCustBlockParameterPtr parameter = parameterOf(graph.get(), *planned[i].property);
     if (parameter.isNull() || !parameter->SetValue(planned[i].property->index(), planned[i].value))
       throw OdError(eInvalidInput,
                     planned[i].property->name() + " refused \"" + assignments[i].second + "\"");
   }
-  commit(helper, reference);
+  helper.Commit().ThrowIfFailed();
   std::vector<Change> changes;
   for (std::size_t i = 0; i < planned.size(); ++i) {
     const CustomBlockProperty& property = *planned[i].property;
@@ -141,15 +141,13 @@ std::vector<CustomBlockEditor::Change> CustomBlockEditor::drag(const OdDbObjectI
   const OdGeMatrix3d toBlock =
       OdDbBlockReferencePtr(reference.safeOpenObject())->blockTransform().inverse();
   CJbCustBlockEditorHelper helper(reference);
-  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
-  if (graph.isNull())
-    throw OdError(eNotApplicable, "reference " + handleOf(reference) + " cannot be edited");
+  const CJbDbCustBlockGraphPtr graph = graphForWrite(helper);
   const std::vector<CustomBlockProperty> properties = CustomBlockProperty::of(graph.get());
   std::vector<std::string> before;
   for (const CustomBlockProperty& property : properties)
     before.push_back(property.text(parameterOf(graph.get(), property).get()));
   CJbCustBlockGrip::cast(graph->GetNode(gripId).get())->SetDisplayPosition(toBlock * to);
-  commit(helper, reference);
+  helper.Commit().ThrowIfFailed();
   std::vector<Change> changes;
   for (std::size_t i = 0; i < properties.size(); ++i) {
     const std::string now = properties[i].text(parameterOf(graph.get(), properties[i]).get());

@@ -4,34 +4,22 @@
 #include <QJsonObject>
 #include <QString>
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
+#include "authoring/CJbCustBlockValueText.h"
 #include "parameters/CJbCustBlockLookupParameter.h"
 #include "parameters/CJbCustBlockVisibilityParameter.h"
-#include "platform/ge/OdGeConstants.h"
 
 namespace {
-constexpr double kPi = OdGeConstants::kPi;
+using ValueText = CJbCustBlockValueText;
 constexpr double kTolerance = 1e-9;
 
-double toDegrees(double radians) {
-  return radians * 180.0 / kPi;
-}
-double toRadians(double degrees) {
-  return degrees * kPi / 180.0;
-}
-
-// Numbers as people write them: no exponent for ordinary sizes, no trailing noise.
 std::string number(double value) {
-  if (std::fabs(value) < kTolerance) value = 0;
-  return QString::number(value, 'g', 12).toStdString();
+  return ValueText::FormatNumber(value).str();
 }
 
 bool parseNumber(const std::string& text, double& value) {
-  bool ok = false;
-  value = QString::fromStdString(text).trimmed().toDouble(&ok);
-  return ok && std::isfinite(value);
+  return ValueText::ParseNumber(text.c_str(), value);
 }
 
 // Whether `value` lies from `minimum` to `maximum`; angle ranges may wrap through zero.
@@ -39,11 +27,6 @@ bool inRange(double value, double minimum, double maximum, bool angle) {
   if (!angle || minimum <= maximum)
     return value >= minimum - kTolerance && value <= maximum + kTolerance;
   return value >= minimum - kTolerance || value <= maximum + kTolerance;
-}
-
-double normalizedDegrees(double degrees) {
-  degrees = std::fmod(degrees, 360.0);
-  return degrees < 0 ? degrees + 360.0 : degrees;
 }
 }  // namespace
 
@@ -122,7 +105,7 @@ std::string CustomBlockProperty::text(const CJbCustBlockParameter* parameter) co
     case OdResBuf::kRtDouble:
     case OdResBuf::kRtAngle:
       return number(m_type == CJbCustBlockParameterValueInfo::kAngle
-                        ? normalizedDegrees(toDegrees(value->getDouble()))
+                        ? ValueText::WithinTurn(ValueText::ToDegrees(value->getDouble()))
                         : value->getDouble());
     case OdResBuf::kRtInt32: {
       const int state = value->getInt32();
@@ -134,10 +117,8 @@ std::string CustomBlockProperty::text(const CJbCustBlockParameter* parameter) co
         return lookup->GetUnmatchedStateName().str();
       return std::to_string(state);
     }
-    case OdResBuf::kRtPoint3d: {
-      const OdGePoint3d point = value->getPoint3d();
-      return number(point.x) + "," + number(point.y);
-    }
+    case OdResBuf::kRtPoint3d:
+      return ValueText::Format(value.get()).str();
     default:
       return value->getString().c_str();
   }
@@ -163,7 +144,7 @@ QJsonValue CustomBlockProperty::valueSetJson(const CJbCustBlockParameter* parame
   if (!set || !set->UseValueSet() || set->GetLimitType() == CJbCustBlockParameterValueInfo::kNone)
     return QJsonValue();
   const bool angle = m_type == CJbCustBlockParameterValueInfo::kAngle;
-  auto shown = [angle](double value) { return angle ? toDegrees(value) : value; };
+  auto shown = [angle](double value) { return angle ? ValueText::ToDegrees(value) : value; };
   QJsonObject result;
   OdArray<double> list;
   if (set->GetList(list)) {
@@ -194,7 +175,9 @@ std::string CustomBlockProperty::allowed(const CJbCustBlockParameter* parameter)
   const CJbCustBlockParameterValueInfo* set = info(parameter);
   if (!set || set->GetLimitType() == CJbCustBlockParameterValueInfo::kNone)
     return kind + (angle ? "" : " of 0 or more");
-  auto shown = [angle](double value) { return number(angle ? toDegrees(value) : value); };
+  auto shown = [angle](double value) {
+    return number(angle ? ValueText::ToDegrees(value) : value);
+  };
   OdArray<double> list;
   if (set->GetList(list)) {
     std::string values;
@@ -246,7 +229,7 @@ bool CustomBlockProperty::parse(const CJbCustBlockParameter* parameter, const st
     return false;
   }
   const bool angle = m_type == CJbCustBlockParameterValueInfo::kAngle;
-  if (angle) number = toRadians(normalizedDegrees(number));
+  if (angle) number = ValueText::ToRadians(ValueText::WithinTurn(number));
   if (!angle && number < 0) {
     error = expected;
     return false;

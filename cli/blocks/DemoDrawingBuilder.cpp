@@ -1,12 +1,6 @@
 #include "cli/blocks/DemoDrawingBuilder.h"
 
 #include "cli/blocks/CustomBlockEditor.h"
-#include "cli/blocks/DoorDemoBlock.h"
-#include "cli/blocks/FixtureDemoBlock.h"
-#include "cli/blocks/LampArmDemoBlock.h"
-#include "cli/blocks/PanelDemoBlock.h"
-#include "cli/blocks/TableDemoBlock.h"
-#include "cli/blocks/WindowDemoBlock.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/entities/OdDbText.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
@@ -18,14 +12,7 @@ constexpr double kCaptionDrop = 1300;
 constexpr double kCaptionHeight = 100;
 }  // namespace
 
-DemoDrawingBuilder::DemoDrawingBuilder() {
-  m_blocks.push_back(std::make_unique<DoorDemoBlock>());
-  m_blocks.push_back(std::make_unique<LampArmDemoBlock>());
-  m_blocks.push_back(std::make_unique<TableDemoBlock>());
-  m_blocks.push_back(std::make_unique<WindowDemoBlock>());
-  m_blocks.push_back(std::make_unique<PanelDemoBlock>());
-  m_blocks.push_back(std::make_unique<FixtureDemoBlock>());
-}
+DemoDrawingBuilder::DemoDrawingBuilder() : m_blocks(DemoBlock::All()) {}
 
 DemoDrawingBuilder::~DemoDrawingBuilder() = default;
 
@@ -35,9 +22,9 @@ OdDbDatabasePtr DemoDrawingBuilder::build() {
   m_placements.clear();
   double y = 0;
   for (const auto& block : m_blocks) {
-    CustomBlockAuthor author(database.get(), block->name());
+    CJbCustBlockAuthor author(database.get(), block->name());
     block->author(author);
-    placeRow(database.get(), *block, author.finish(), y);
+    placeRow(database.get(), *block, author.Finish(), y);
     y -= kRowPitch;
   }
   CustomBlockEditor editor(database.get());

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/blocks/DemoBlock.h"
+#include "demo/DemoBlock.h"
 #include "platform/db/OdDbDatabase.h"
 
 class DemoDrawingBuilder {

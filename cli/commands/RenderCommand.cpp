@@ -38,20 +38,6 @@ bool parseSize(const std::string& text, QSize& size) {
   return width >= 1 && height >= 1 && width <= 16384 && height <= 16384;
 }
 
-DrawingRenderer::MarkerShape shapeOf(CJbCustBlockGrip::GripType type) {
-  switch (type) {
-    case CJbCustBlockGrip::kLinearGrip:
-      return DrawingRenderer::MarkerShape::kDiamond;
-    case CJbCustBlockGrip::kRotationGrip:
-      return DrawingRenderer::MarkerShape::kCircle;
-    case CJbCustBlockGrip::kFlipGrip:
-    case CJbCustBlockGrip::kStateGrip:
-      return DrawingRenderer::MarkerShape::kTriangle;
-    default:
-      return DrawingRenderer::MarkerShape::kSquare;
-  }
-}
-
 // The grips of the customizable references drawn directly in the block.
 std::vector<DrawingRenderer::Marker> gripMarkers(OdDbDatabase* database,
                                                  const OdDbObjectId& blockId) {
@@ -60,7 +46,7 @@ std::vector<DrawingRenderer::Marker> gripMarkers(OdDbDatabase* database,
   for (const OdDbObjectId& reference : catalog.references()) {
     if (OdDbEntityPtr(reference.safeOpenObject())->ownerId() != blockId) continue;
     for (const CustomReferenceGrips::Grip& grip : CustomReferenceGrips::of(catalog, reference))
-      markers.push_back({grip.position, shapeOf(grip.type)});
+      markers.push_back({grip.position, DrawingRenderer::gripShape(grip.type)});
   }
   return markers;
 }

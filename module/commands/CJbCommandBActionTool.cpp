@@ -1,14 +1,13 @@
 #include "module/commands/CJbCommandBActionTool.h"
 
-#include "module/commands/CJbCustBlockGraphEditing.h"
-#include "parameters/CJbCustBlockParameter.h"
+#include "authoring/CJbCustBlockGraphAuthor.h"
 
 void CJbCommandBActionTool::Run() {
   const CJbDbCustBlockGraphPtr graph = AskGraph(OdDb::kForWrite);
   OdRxClass* kind = AskKind("Activity kind:", CJbCustBlockElementUtilsPE::Family::kAction);
-  const CJbCustBlockElementPtr parameter =
-      AskElement(graph.get(), "Element name:", CJbCustBlockParameter::desc());
-  const CJbCustBlockElementPtr action =
-      CJbCustBlockGraphEditing::AppendAction(graph.get(), kind, parameter.get());
+  const CJbCustBlockParameterPtr parameter = CJbCustBlockParameter::cast(
+      AskElement(graph.get(), "Element name:", CJbCustBlockParameter::desc()).get());
+  const CJbCustBlockActionPtr action =
+      CJbCustBlockGraphAuthor(graph.get()).AppendAction(kind, parameter.get());
   Tell("Added " + action->GetName() + " to " + parameter->GetName() + ".");
 }

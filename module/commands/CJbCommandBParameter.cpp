@@ -1,11 +1,11 @@
 #include "module/commands/CJbCommandBParameter.h"
 
-#include "module/commands/CJbCustBlockGraphEditing.h"
+#include "authoring/CJbCustBlockGraphAuthor.h"
 
 void CJbCommandBParameter::Run() {
   const CJbDbCustBlockGraphPtr graph = AskGraph(OdDb::kForWrite);
   OdRxClass* kind = AskKind("Element kind:", CJbCustBlockElementUtilsPE::Family::kParameter);
-  const CJbCustBlockElementPtr parameter =
-      CJbCustBlockGraphEditing::AppendParameter(graph.get(), kind);
+  const CJbCustBlockParameterPtr parameter =
+      CJbCustBlockGraphAuthor(graph.get()).AppendParameter(kind);
   Tell("Added " + parameter->GetName() + ".");
 }

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "module/utilities/CJbCustBlockValueText.h"
+#include "authoring/CJbCustBlockValueText.h"
 
 void CJbQtCommandBLookupTable::Run() {
   const CJbDbCustBlockGraphPtr graph = AskGraph(OdDb::kForWrite);

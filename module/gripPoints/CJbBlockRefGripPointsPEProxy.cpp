@@ -1,5 +1,7 @@
 #include "module/gripPoints/CJbBlockRefGripPointsPEProxy.h"
 
+#include "parameters/CJbCustBlockLookupParameter.h"
+#include "parameters/CJbCustBlockVisibilityParameter.h"
 #include "parameters/grips/CJbCustBlockAlignmentGrip.h"
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
 #include "parameters/grips/CJbCustBlockLookupGrip.h"
@@ -18,20 +20,51 @@ OdArray<CJbCustBlockGripPtr> visibleGrips(const CJbDbCustBlockGraph* graph) {
   return grips;
 }
 
+// The graph of a customizable block reference loaded with its state, to read; null for another
+// entity.
+CJbDbCustBlockGraphPtr graphToRead(const OdDbEntity* entity) {
+  const OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(entity);
+  if (reference.isNull()) return CJbDbCustBlockGraphPtr();
+  CJbCustBlockEditorHelper helper(reference->objectId());
+  return helper.GetGraph(OdDb::kForRead);
+}
+
 // Sets the state `state` asks of a clicked grip; false for a grip that is dragged.
-bool click(CJbCustBlockGrip& grip, int state) {
+bool click(const CJbDbCustBlockGraph& graph, CJbCustBlockGrip& grip, int state) {
   if (const auto flip = CJbCustBlockFlipGrip::cast(&grip)) {
     flip->SetFlipped(!flip->IsFlipped());
   } else if (const auto lookup = CJbCustBlockLookupGrip::cast(&grip)) {
     lookup->SetState(state);
   } else if (const auto alignment = CJbCustBlockAlignmentGrip::cast(&grip)) {
     alignment->SetState(state);
-  } else if (const auto visibility = CJbCustBlockVisibilityGrip::cast(&grip)) {
-    if (state < 0) return false;
-    visibility->SetState(static_cast<unsigned>(state));
+  } else if (CJbCustBlockVisibilityGrip::cast(&grip)) {
+    // A visibility grip's own request never asks for an evaluation: the state goes to its
+    // parameter as its value, as a typed state would.
+    unsigned point = 0;
+    const CJbCustBlockParameterPtr parameter =
+        CJbCustBlockParameter::cast(graph.GetNode(grip.GetParameter(&point)).get());
+    return state >= 0 && !parameter.isNull() &&
+           parameter->SetValue(0, OdResBuf::newRb(OdResBuf::kRtInt32, state));
   } else {
     return false;
   }
+  return true;
+}
+
+// The state names of the visibility or lookup parameter a grip drives, with `current` set from
+// the grip; empty for grips of other parameters.
+template <class Parameter, class Grip>
+bool stateNames(const CJbDbCustBlockGraph& graph, const CJbCustBlockGrip& grip,
+                OdArray<OdString>& names, int& current) {
+  const OdSmartPtr<Grip> typed = Grip::cast(&grip);
+  if (typed.isNull()) return false;
+  unsigned point = 0;
+  const OdSmartPtr<Parameter> parameter =
+      Parameter::cast(graph.GetNode(grip.GetParameter(&point)).get());
+  if (parameter.isNull()) return false;
+  for (unsigned state = 0; state < parameter->GetStateCount(); ++state)
+    names.append(parameter->GetStateName(state));
+  current = static_cast<int>(typed->GetState());
   return true;
 }
 }  // namespace
@@ -39,12 +72,9 @@ bool click(CJbCustBlockGrip& grip, int state) {
 OdArray<CJbGripPointsPE::Grip> CJbBlockRefGripPointsPEProxy::GetGrips(
     const OdDbEntity* entity) const {
   OdArray<Grip> result;
-  const OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(entity);
-  if (reference.isNull()) return result;
-  CJbCustBlockEditorHelper helper(reference->objectId());
-  const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForRead);
+  const CJbDbCustBlockGraphPtr graph = graphToRead(entity);
   if (graph.isNull()) return result;
-  const OdGeMatrix3d toDrawing = reference->blockTransform();
+  const OdGeMatrix3d toDrawing = OdDbBlockReference::cast(entity)->blockTransform();
   for (const CJbCustBlockGripPtr& grip : visibleGrips(graph.get()))
     result.append(Grip{toDrawing * grip->GetDisplayPosition(), grip->GetType(), grip->GetName()});
   return result;
@@ -66,5 +96,20 @@ bool CJbBlockRefGripPointsPEProxy::ClickGrip(const OdDbObjectId& entity, unsigne
   const CJbDbCustBlockGraphPtr graph = helper.GetGraph(OdDb::kForWrite);
   if (graph.isNull()) return false;
   const OdArray<CJbCustBlockGripPtr> grips = visibleGrips(graph.get());
-  return index < grips.length() && click(*grips[index], state) && helper.Commit();
+  return index < grips.length() && click(*graph, *grips[index], state) && helper.Commit();
+}
+
+OdArray<OdString> CJbBlockRefGripPointsPEProxy::GetGripStates(const OdDbEntity* entity,
+                                                              unsigned index, int& current) const {
+  current = -1;
+  OdArray<OdString> names;
+  const CJbDbCustBlockGraphPtr graph = graphToRead(entity);
+  if (graph.isNull()) return names;
+  const OdArray<CJbCustBlockGripPtr> grips = visibleGrips(graph.get());
+  if (index >= grips.length()) return names;
+  const CJbCustBlockGrip& grip = *grips[index];
+  if (!stateNames<CJbCustBlockVisibilityParameter, CJbCustBlockVisibilityGrip>(*graph, grip, names,
+                                                                               current))
+    stateNames<CJbCustBlockLookupParameter, CJbCustBlockLookupGrip>(*graph, grip, names, current);
+  return names;
 }

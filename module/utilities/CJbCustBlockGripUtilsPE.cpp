@@ -1,6 +1,6 @@
 #include "module/utilities/CJbCustBlockGripUtilsPE.h"
 
-#include "module/utilities/CJbCustBlockValueText.h"
+#include "authoring/CJbCustBlockValueText.h"
 #include "parameters/CJbCustBlockParameter.h"
 #include "parameters/grips/CJbCustBlockGrip.h"
 #include "platform/rx/OdRxClassDictionary.h"

@@ -1,7 +1,7 @@
 #include "module/utilities/CJbCustBlockParameterUtilsPE.h"
 
 #include "actions/CJbCustBlockAction.h"
-#include "module/utilities/CJbCustBlockValueText.h"
+#include "authoring/CJbCustBlockValueText.h"
 #include "parameters/CJbCustBlockParameter.h"
 #include "platform/rx/OdRxClassDictionary.h"
 

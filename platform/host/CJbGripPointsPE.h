@@ -33,5 +33,9 @@ class CJbGripPointsPE : public OdRxObject {
   // Works a grip that is clicked rather than dragged: a flip grip turns over, a state grip takes
   // `state`. False for other grips.
   virtual bool ClickGrip(const OdDbObjectId& entity, unsigned index, int state) const = 0;
+  // The names of the states state grip `index` offers, numbered as ClickGrip takes them, for a
+  // host's menu; `current` is the state shown now (-1 for none). Empty for other grips.
+  virtual OdArray<OdString> GetGripStates(const OdDbEntity* entity, unsigned index,
+                                          int& current) const;
 };
 using CJbGripPointsPEPtr = OdSmartPtr<CJbGripPointsPE>;

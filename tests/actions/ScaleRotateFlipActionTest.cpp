@@ -8,6 +8,7 @@
 #include "actions/CJbCustBlockRotateAction.h"
 #include "actions/CJbCustBlockScaleAction.h"
 #include "actions/CJbCustBlockStretchAction.h"
+#include "authoring/CJbCustBlockGraphAuthor.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
 #include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
@@ -75,9 +76,8 @@ class TransformingActionTest : public ActionTest {
     graph->Evaluate(OdDbObjectId::kNull, false);
   }
   OdSmartPtr<CJbCustBlockFlipGrip> addFlipGrip(CJbCustBlockFlipParameter* parameter) {
-    auto grip = add<CJbCustBlockFlipGrip>();
-    parameter->SetGrip(0, grip->GetElementId());
-    grip->AddConnection(parameter->GetElementId(), false, true);
+    OdSmartPtr<CJbCustBlockFlipGrip> grip(new CJbCustBlockFlipGrip);
+    CJbCustBlockGraphAuthor(graph.get()).BindGrip(parameter, 0, grip.get());
     return grip;
   }
 

@@ -13,12 +13,12 @@
 #include <set>
 
 #include "JbcbProcess.h"
+#include "authoring/CJbCustBlockAuthor.h"
 #include "cli/DrawingFile.h"
-#include "cli/ModuleLoading.h"
-#include "cli/blocks/CustomBlockAuthor.h"
-#include "cli/blocks/DoorDemoBlock.h"
+#include "demo/DoorDemoBlock.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/host/CJbCustBlocksModuleLoader.h"
 
 class CustomBlockEdit : public ::testing::Test {
  protected:
@@ -142,11 +142,11 @@ class CustomBlockBatch : public ::testing::Test {
 
   static void SetUpTestSuite() {
     folder = new QTemporaryDir;
-    ASSERT_TRUE(loadCustomizableBlocksModule(JBCB_BIN_DIR));
+    ASSERT_TRUE(CJbCustBlocksModuleLoader::Load(JBCB_BIN_DIR));
     const OdDbDatabasePtr database = OdDbDatabase::createObject();
-    CustomBlockAuthor author(database.get(), "Door");
+    CJbCustBlockAuthor author(database.get(), "Door");
     DoorDemoBlock().author(author);
-    const OdDbObjectId door = author.finish();
+    const OdDbObjectId door = author.Finish();
     {
       OdDbBlockTableRecordPtr modelSpace(
           database->getModelSpaceId().safeOpenObject(OdDb::kForWrite));

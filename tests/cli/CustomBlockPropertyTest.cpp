@@ -5,12 +5,12 @@
 
 #include <cmath>
 
-#include "cli/ModuleLoading.h"
-#include "cli/blocks/CustomBlockAuthor.h"
+#include "authoring/CJbCustBlockAuthor.h"
 #include "cli/blocks/CustomBlockProperty.h"
 #include "parameters/CJbCustBlockFlipParameter.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockRotationParameter.h"
+#include "platform/host/CJbCustBlocksModuleLoader.h"
 
 namespace {
 constexpr double kPi = 3.14159265358979323846;
@@ -21,27 +21,24 @@ double radians(double degrees) {
 
 class CustomBlockPropertyText : public ::testing::Test {
  protected:
-  static void SetUpTestSuite() { ASSERT_TRUE(loadCustomizableBlocksModule(JBCB_BIN_DIR)); }
+  static void SetUpTestSuite() { ASSERT_TRUE(CJbCustBlocksModuleLoader::Load(JBCB_BIN_DIR)); }
 
   void SetUp() override {
     database = OdDbDatabase::createObject();
-    author = std::make_unique<CustomBlockAuthor>(database.get(), "Part");
-    width = author->addParameter<CJbCustBlockLinearParameter>(
+    author = std::make_unique<CJbCustBlockAuthor>(database.get(), "Part");
+    width = author->AppendParameter<CJbCustBlockLinearParameter>(
         "Width", {OdGePoint3d::kOrigin, OdGePoint3d(899.9999999999999, 0, 0)});
-    width->GetValueInfoForModify(0)->SetList({600, 900, 1200}, width.get());
-    turn = author->addParameter<CJbCustBlockRotationParameter>(
+    CJbCustBlockGraphAuthor::SetValueSet(
+        width.get(), 0, CJbCustBlockGraphAuthor::ValueSet(OdArray<double>{600, 900, 1200}));
+    turn = author->AppendParameter<CJbCustBlockRotationParameter>(
         "Turn", {OdGePoint3d::kOrigin, OdGePoint3d(10, 0, 0), OdGePoint3d(10, 0, 0)});
-    CJbCustBlockParameterValueInfo* turns = turn->GetValueInfoForModify(0);
-    turns->SetIncrement(radians(5), turn.get());
-    turns->SetMinimum(radians(350), turn.get());
-    const double maximum = radians(20);
-    turns->SetMaximum(&maximum, turn.get());
-    side = author->addParameter<CJbCustBlockFlipParameter>(
+    CJbCustBlockGraphAuthor::SetValueSet(turn.get(), 0, {radians(5), radians(350), radians(20)});
+    side = author->AppendParameter<CJbCustBlockFlipParameter>(
         "Side", {OdGePoint3d::kOrigin, OdGePoint3d(0, 10, 0)});
   }
 
   const CustomBlockProperty& property(const std::string& name) {
-    properties = CustomBlockProperty::of(author->graph());
+    properties = CustomBlockProperty::of(author->Graph());
     for (const CustomBlockProperty& p : properties)
       if (p.name() == name) return p;
     throw std::runtime_error("no property " + name);
@@ -51,13 +48,13 @@ class CustomBlockPropertyText : public ::testing::Test {
   std::string parse(const std::string& name, const std::string& text, OdResBufPtr& value) {
     const CustomBlockProperty& p = property(name);
     const CJbCustBlockParameterPtr parameter =
-        CJbCustBlockParameter::cast(author->graph()->GetNode(p.parameterId()).get());
+        CJbCustBlockParameter::cast(author->Graph()->GetNode(p.parameterId()).get());
     std::string error;
     return p.parse(parameter.get(), text, value, error) ? "" : error;
   }
 
   OdDbDatabasePtr database;
-  std::unique_ptr<CustomBlockAuthor> author;
+  std::unique_ptr<CJbCustBlockAuthor> author;
   CJbCustBlockLinearParameterPtr width;
   CJbCustBlockRotationParameterPtr turn;
   CJbCustBlockFlipParameterPtr side;

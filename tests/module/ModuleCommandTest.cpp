@@ -247,4 +247,9 @@ TEST_F(EditorCommands, GripsOfAReferenceEditThatReferenceAlone) {
   EXPECT_EQ(blockOf(second), doorId());
   EXPECT_FALSE(instanceGrips->MoveGrip(first, 1, OdGeVector3d(3, 0, 0)));
   EXPECT_FALSE(instanceGrips->ClickGrip(first, 0, 1));  // a point grip is dragged, not clicked
+  int current = 0;
+  EXPECT_TRUE(
+      instanceGrips->GetGripStates(OdDbEntity::cast(first.safeOpenObject().get()).get(), 0, current)
+          .isEmpty());
+  EXPECT_EQ(current, -1);
 }

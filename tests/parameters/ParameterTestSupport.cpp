@@ -3,6 +3,7 @@
 
 #include <stdexcept>
 
+#include "authoring/CJbCustBlockGraphAuthor.h"
 #include "core/CJbCustBlockCoreClasses.h"
 #include "core/CJbCustBlockElementFiler.h"
 #include "parameters/CJbCustBlock2PointParameterImpl.h"
@@ -57,9 +58,7 @@ void ParameterTest::TearDownTestSuite() {
 }
 
 void ParameterTest::bind(CJbCustBlockParameter* parameter, unsigned index, CJbCustBlockGrip* grip) {
-  parameter->SetGrip(index, grip->GetElementId());
-  grip->AddConnection(parameter->GetElementId(), false, true);
-  grip->SetDefindedPosition(parameter->GetDefinedPosition(index));
+  CJbCustBlockGraphAuthor(parameter->GetGraph()).BindGrip(parameter, index, grip);
 }
 
 OdSmartPtr<TestAction> ParameterTest::addAction(CJbCustBlockParameter* parameter, unsigned index) {

@@ -3,6 +3,7 @@
 // they name; an instance keeps its state by name; states survive DWG and DXF filing.
 #include <gtest/gtest.h>
 
+#include "authoring/CJbCustBlockGraphAuthor.h"
 #include "core/CJbCustBlockCoreClasses.h"
 #include "core/CJbDbCustBlockGraph.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
@@ -191,9 +192,7 @@ TEST_F(VisibilityTest, AnInstanceKeepsItsStateByName) {
 TEST_F(VisibilityTest, StatesSurviveDwgAndDxfFiling) {
   visibility->SetBlockEditorState(2);
   OdSmartPtr<CJbCustBlockVisibilityGrip> grip(new CJbCustBlockVisibilityGrip);
-  graph->AppendNode(grip);
-  visibility->SetGrip(0, grip->GetElementId());
-  grip->AddConnection(visibility->GetElementId(), false, true);
+  CJbCustBlockGraphAuthor(graph.get()).BindGrip(visibility.get(), 0, grip.get());
   visibility->SetUpdatedState(1);
   EXPECT_EQ(grip->GetState(), 1u);
   EXPECT_TRUE(visibility->IsGripVisible(0, true));

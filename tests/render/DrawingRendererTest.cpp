@@ -187,3 +187,33 @@ TEST_F(DrawingRendererTest, TextIsDrawnInsideItsBoxAndNamedBlocksRenderAlone) {
   EXPECT_TRUE(inkNear(5, 5));
   EXPECT_FALSE(inkNear(5, 0));
 }
+
+TEST_F(DrawingRendererTest, ChosenEntitiesDrawUnderAGivenViewAloneOrThroughTheirReference) {
+  const OdDbObjectId kept = drawing.line({0, 0, 0}, {100, 0, 0});
+  drawing.line({0, 50, 0}, {100, 50, 0});
+  const OdDbObjectId arm = drawing.block("Arm");
+  const OdDbObjectId armLine = drawing.line({0, 0, 0}, {10, 0, 0}, arm);
+  drawing.open<OdDbEntity>(armLine)->setColorIndex(OdDbEntity::kColorByBlock);
+  drawing.line({0, 5, 0}, {10, 5, 0}, arm);
+  const OdDbObjectId reference = drawing.reference(arm, {50, 80, 0}, M_PI / 2);
+  drawing.open<OdDbEntity>(reference)->setColorIndex(1);
+
+  DrawingRenderer renderer(drawing.db.get(), Qt::white);
+  view = QTransform(2, 0, 0, -2, 0, kSize);  // world 0..100 fills the picture, y up
+  image = QImage(kSize, kSize, QImage::Format_ARGB32);
+  image.fill(Qt::white);
+  {
+    QPainter painter(&image);
+    renderer.drawEntities(painter, {kept}, view);
+    const OdDbBlockReferencePtr shown = drawing.open<OdDbBlockReference>(reference);
+    renderer.drawThroughReference(painter, shown.get(), {armLine}, view);
+  }
+  EXPECT_TRUE(inkNear(30, 0));
+  EXPECT_FALSE(inkNear(30, 50));  // not chosen
+  // The arm line turned up by the reference, in the reference's colour; its neighbour not drawn.
+  EXPECT_TRUE(inkNear(50, 85));
+  EXPECT_FALSE(inkNear(55, 80));
+  EXPECT_FALSE(inkNear(45, 85));
+  const QColor armColor = at(50, 85);
+  EXPECT_GT(armColor.red(), armColor.green() + 100);
+}

@@ -6,10 +6,11 @@
 
 #include "StorageTestSupport.h"
 #include "actions/CJbCustBlockArrayAction.h"
+#include "authoring/CJbCustBlockAuthor.h"
+#include "demo/DoorDemoBlock.h"
 #include "parameters/CJbCustBlockLinearParameter.h"
 #include "parameters/CJbCustBlockVisibilityParameter.h"
 #include "platform/db/cloning/OdDbIdMapping.h"
-#include "platform/db/entities/OdDbArc.h"
 #include "platform/db/entities/OdDbCircle.h"
 #include "platform/db/entities/OdDbLine.h"
 #include "platform/dxf/DxfFile.h"
@@ -21,10 +22,8 @@ class ArrayAndVisibilityEditingTest : public StorageTest {
   void SetUp() override {
     StorageTest::SetUp();
     table = addBlock("Table");
-    door = addBlock("Door");
-    OdDbObjectId tableGraph, doorGraph;
+    OdDbObjectId tableGraph;
     ASSERT_TRUE(storage(OdDb::kForWrite)->AppendMasterBlock(table, tableGraph));
-    ASSERT_TRUE(storage(OdDb::kForWrite)->AppendMasterBlock(door, doorGraph));
 
     // A table 6 wide with one chair; chairs repeat every 4 along its width.
     add<OdDbLine>(table, [](OdDbLine& top) { top.setEndPoint(OdGePoint3d(6, 0, 0)); });
@@ -43,21 +42,14 @@ class ArrayAndVisibilityEditingTest : public StorageTest {
     array->SetEntities(0, {chair});
     array->SetColumnDistance(4.0);
 
-    // A door shown open (the swing arc) or closed (the leaf line); open by default.
-    add<OdDbLine>(door, [](OdDbLine& frame) { frame.setEndPoint(OdGePoint3d(0, 10, 0)); });
-    swing = add<OdDbArc>(door, [](OdDbArc& arc) {
-      arc.setRadius(10);
-      arc.setEndAngle(1.5);
-    });
-    leaf = add<OdDbLine>(door, [](OdDbLine& line) { line.setEndPoint(OdGePoint3d(10, 0, 0)); });
-    graph = open<CJbDbCustBlockGraph>(doorGraph, OdDb::kForWrite);
-    CJbCustBlockVisibilityParameterPtr visibility(new CJbCustBlockVisibilityParameter);
-    graph->AppendNode(visibility);
-    visibility->AddState("Open", {leaf}, {});
-    visibility->AddState("Closed", {swing}, {});
-    visibility->ForceHideEntitiesForDefaultState();
-    visibilityId = visibility->GetElementId();
     graph.release();
+
+    // A door shown open (the swing arc) or closed (the closed leaf); open by default.
+    DoorDemoBlock::Options options = DoorDemoBlock::PlainOptions(10, 5);
+    options.look = true;
+    CJbCustBlockAuthor author(db.get(), "Door");
+    visibilityId = DoorDemoBlock(options).build(author).look;
+    door = author.Finish();
 
     for (int i = 0; i < 2; ++i) {
       tables.push_back(addReference(db->getModelSpaceId(), table, OdGePoint3d(0, 20 * i, 0)));
@@ -91,7 +83,7 @@ class ArrayAndVisibilityEditingTest : public StorageTest {
     return found;
   }
 
-  // Whether the swing and the leaf of a door block are shown, in that order.
+  // Whether the swing and the closed leaf of a door block are shown, in that order.
   std::vector<bool> shown(const OdDbObjectId& block) {
     std::vector<bool> found;
     for (OdDbObjectIteratorPtr it = open<OdDbBlockTableRecord>(block)->newIterator(); !it->done();
@@ -114,7 +106,7 @@ class ArrayAndVisibilityEditingTest : public StorageTest {
     db = read;
   }
 
-  OdDbObjectId table, swing, leaf;
+  OdDbObjectId table;
   int widthId = 0, visibilityId = 0;
   std::vector<OdDbObjectId> tables, doors;
 };

@@ -39,7 +39,7 @@ TEST_F(BlockReferenceGripTest, GraphGripsShowWhereTheStateIsAndDragTheReferenceA
   OdGePoint3dArray points = grips(reference);
   ASSERT_EQ(points.length(), 2u);
   EXPECT_TRUE(points[0].isEqualTo(OdGePoint3d(100, 50, 0)));
-  EXPECT_TRUE(points[1].isEqualTo(OdGePoint3d(100, 60, 0)));
+  EXPECT_TRUE(points[1].isEqualTo(OdGePoint3d(101, 60, 0)));
 
   // Seven along the turned reference's width, snapped to the step of 5.
   EXPECT_EQ(
@@ -50,7 +50,7 @@ TEST_F(BlockReferenceGripTest, GraphGripsShowWhereTheStateIsAndDragTheReferenceA
   EXPECT_EQ(blockOf(other), door);
   points = grips(reference);
   ASSERT_EQ(points.length(), 2u);
-  EXPECT_TRUE(points[1].isEqualTo(OdGePoint3d(100, 65, 0)));
+  EXPECT_TRUE(points[1].isEqualTo(OdGePoint3d(101, 65, 0)));
 
   // The insertion grip still moves the reference.
   EXPECT_EQ(

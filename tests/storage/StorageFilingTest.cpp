@@ -40,7 +40,7 @@ class StorageFilingTest : public StorageTest {
     std::vector<std::string> facts;
     for (const OdDbObjectId& block : {blocks[0], blocks[1], door}) {
       OdDbObjectId master, graphId;
-      const bool known = filed->GetMasterBlockId(block, master);
+      const bool known = static_cast<bool>(filed->GetMasterBlockId(block, master));
       filed->GetMasterBlockGraphId(block, graphId);
       facts.push_back(std::to_string(known) + " " + hex(master) + " " + hex(graphId) + " " +
                       std::to_string(filed->IsBlockMaster(block)));
@@ -136,7 +136,7 @@ TEST_F(StorageFilingTest, MappingRewritesOnlySoftPointers) {
   mapping->assign(OdDbIdPair(original, copy, true));
   OdResBufPtr chain = chainOf({OdResBuf::newRb(330, original), OdResBuf::newRb(340, original),
                                OdResBuf::newRb(360, original), OdResBuf::newRb(330, door)});
-  EXPECT_TRUE(MappingProbe::ApplyMappingToCustomData(chain, *mapping));
+  MappingProbe::ApplyMappingToCustomData(chain, *mapping);
   EXPECT_EQ(tagTexts(chain.get()),
             (std::vector<std::string>{"330 " + hex(copy), "340 " + hex(original),
                                       "360 " + hex(original), "330 " + hex(door)}));

@@ -3,22 +3,13 @@
 
 #include <unistd.h>
 
-#include <cmath>
 #include <filesystem>
 
 #include "actions/CJbCustBlockActionClasses.h"
-#include "actions/CJbCustBlockPolarStretchAction.h"
-#include "actions/CJbCustBlockStretchAction.h"
+#include "authoring/CJbCustBlockAuthor.h"
 #include "core/CJbCustBlockCoreClasses.h"
-#include "parameters/CJbCustBlockLinearParameter.h"
+#include "demo/DoorDemoBlock.h"
 #include "parameters/CJbCustBlockParameterClasses.h"
-#include "parameters/CJbCustBlockParameterValueInfo.h"
-#include "parameters/CJbCustBlockPolarParameter.h"
-#include "parameters/grips/CJbCustBlockLinearGrip.h"
-#include "parameters/grips/CJbCustBlockPolarGrip.h"
-#include "platform/db/entities/OdDbArc.h"
-#include "platform/db/entities/OdDbLine.h"
-#include "platform/db/entities/OdDbText.h"
 #include "storage/CJbCustBlockStorageClasses.h"
 
 void StorageTest::SetUpTestSuite() {
@@ -39,74 +30,15 @@ CJbDbCustBlockStoragePtr StorageTest::storage(OdDb::OpenMode mode, OdDbDatabase*
   return CJbDbCustBlockStorage::GetStorage(database ? database : db.get(), mode, true);
 }
 
-namespace {
-template <class Parameter, class Grip>
-OdSmartPtr<Parameter> addParameter(CJbDbCustBlockGraph* graph, int& rightGrip) {
-  OdSmartPtr<Parameter> parameter(new Parameter);
-  graph->AppendNode(parameter);
-  parameter->SetDefinedPosition(0, OdGePoint3d::kOrigin);
-  parameter->SetDefinedPosition(1, OdGePoint3d(10, 0, 0));
-  for (unsigned point = 0; point < 2; ++point) {
-    OdSmartPtr<Grip> grip(new Grip);
-    graph->AppendNode(grip);
-    parameter->SetGrip(point, grip->GetElementId());
-    grip->AddConnection(parameter->GetElementId(), false, true);
-    grip->SetDefindedPosition(parameter->GetDefinedPosition(point));
-    rightGrip = grip->GetElementId();
-  }
-  parameter->GetValueInfoForModify(0)->SetIncrement(5.0, parameter.get());
-  return parameter;
-}
-}  // namespace
-
 OdDbObjectId StorageTest::addDoor(const OdString& name, bool polar, int extraLines) {
-  const OdDbObjectId block = addBlock(name);
-  OdDbObjectIdArray stretched;
-  {
-    OdDbBlockTableRecordPtr record = open<OdDbBlockTableRecord>(block, OdDb::kForWrite);
-    OdSmartPtr<OdDbPolyline> frame = OdDbPolyline::createObject();
-    for (const OdGePoint2d& vertex : DoorFrame(10))
-      frame->addVertexAt(frame->numVerts(), vertex);
-    frame->setClosed(true);
-    stretched.append(record->appendOdDbEntity(frame.get()));
-    OdSmartPtr<OdDbArc> swing = OdDbArc::createObject();
-    swing->setRadius(10);
-    swing->setStartAngle(0);
-    swing->setEndAngle(std::acos(-1.0) / 2);
-    stretched.append(record->appendOdDbEntity(swing.get()));
-    OdSmartPtr<OdDbText> label = OdDbText::createObject();
-    label->setPosition(OdGePoint3d(2, -2, 0));
-    label->setHeight(1);
-    label->setTextString("DOOR");
-    record->appendOdDbEntity(label.get());
-    for (int i = 0; i < extraLines; ++i) {
-      OdSmartPtr<OdDbLine> line = OdDbLine::createObject();
-      line->setStartPoint(OdGePoint3d(0, -3 - 0.1 * i, 0));
-      line->setEndPoint(OdGePoint3d(1, -3 - 0.1 * i, 0));
-      record->appendOdDbEntity(line.get());
-    }
-  }
-  OdDbObjectId graphId;
-  EXPECT_TRUE(storage(OdDb::kForWrite)->AppendMasterBlock(block, graphId));
-  CJbDbCustBlockGraphPtr graph = open<CJbDbCustBlockGraph>(graphId, OdDb::kForWrite);
-  CJbCustBlockActionPtr action;
-  if (polar) {
-    auto parameter =
-        addParameter<CJbCustBlockPolarParameter, CJbCustBlockPolarGrip>(graph.get(), rightGrip);
-    widthParameter = parameter->GetElementId();
-    action = CJbCustBlockPolarStretchAction::createObject();
-  } else {
-    auto parameter =
-        addParameter<CJbCustBlockLinearParameter, CJbCustBlockLinearGrip>(graph.get(), rightGrip);
-    widthParameter = parameter->GetElementId();
-    action = CJbCustBlockStretchAction::createObject();
-  }
-  graph->AppendNode(action);
-  action->SetParameter(widthParameter);
-  action->SetParameterPointIndex(1);
-  action->SetEntities(0, stretched);
-  action->SetSelectionDefinition(0, {OdGePoint3d(8, -1, 0), OdGePoint3d(12, 2, 0)}, true);
-  return block;
+  DoorDemoBlock::Options options = DoorDemoBlock::PlainOptions(10, 5);
+  options.polar = polar;
+  options.paddingLines = extraLines;
+  CJbCustBlockAuthor author(db.get(), name);
+  const DoorDemoBlock::Parts parts = DoorDemoBlock(options).build(author);
+  widthParameter = parts.width;
+  rightGrip = parts.widthGrip;
+  return author.Finish();
 }
 
 std::vector<OdDbObjectId> StorageTest::addReferences(int count, int edited) {
@@ -168,7 +100,7 @@ double StorageTest::savedWidth(const OdDbObjectId& block) {
 }
 
 std::vector<OdGePoint2d> DoorFrame(double width) {
-  return {OdGePoint2d(0, 0), OdGePoint2d(width, 0), OdGePoint2d(width, 1), OdGePoint2d(0, 1)};
+  return {OdGePoint2d(0, -1), OdGePoint2d(width, -1), OdGePoint2d(width, 0), OdGePoint2d(0, 0)};
 }
 
 std::string UniqueTempPath(const std::string& extension) {

@@ -1,7 +1,7 @@
-// Shared set-up of the storage tests: the classes registered once, a drawing with a door block
-// (a frame polyline, a swing arc and a label; a linear width parameter with grips and a step of 5;
-// a stretch action on the right side) or its polar variant, references to it, and edits of one
-// reference through the editor helper.
+// Shared set-up of the storage tests: the classes registered once, a drawing with the
+// demonstration's door in a plain small form (a frame polyline, a swing arc and a label; a linear
+// width parameter with a grip and a step of 5; a stretch action on the free side) or its polar
+// variant, references to it, and edits of one reference through the editor helper.
 #pragma once
 
 #include <string>
@@ -18,10 +18,9 @@ class StorageTest : public DbTest {
   static void SetUpTestSuite();
   static void TearDownTestSuite();
 
-  // The door: frame (0,0)-(10,1), arc of radius 10 about the origin, text; width parameter from
-  // the origin to (10,0) in steps of 5, its right grip stretching the right side. `polar` makes
-  // the parameter polar with a polar stretch instead. `extraLines` pads the block with short
-  // lines outside the stretch frame.
+  // The demonstration's door drawn 10 wide with its frame 1 deep below the wall line, with only
+  // its width, in steps of 5 (see DoorDemoBlock::PlainOptions). `polar` makes the width polar
+  // with a polar stretch. `extraLines` pads the block with short lines outside the stretch frame.
   OdDbObjectId addDoor(const OdString& name, bool polar = false, int extraLines = 0);
   CJbDbCustBlockStoragePtr storage(OdDb::OpenMode mode = OdDb::kForRead,
                                    OdDbDatabase* database = nullptr);
