@@ -8,7 +8,7 @@
 #include "platform/ge/OdGeMatrix3d.h"
 
 namespace {
-constexpr double kDegreesPerRadian = 180.0 / OdGeAngle::kPi;
+constexpr double kDegreesPerRadian = OdGeConstants::kDegreesPerRadian;
 bool isWorldZ(const OdGeVector3d& normal) {
   return normal.isEqualTo(OdGeVector3d::kZAxis);
 }

@@ -17,7 +17,7 @@
 ODRX_DXF_DEFINE_MEMBERS(OdDbBlockReference, OdDbEntity, "INSERT", "", 0)
 
 namespace {
-constexpr double kTwoPi = 6.283185307179586476925286766559;
+constexpr double kTwoPi = OdGeConstants::k2Pi;
 
 OdDbBlockTableRecord* blockOf(const OdDbObjectId& id) {
   OdDbObject* object = id.isNull() ? nullptr : id.stub()->object();
