@@ -52,12 +52,14 @@ class StorageFilingTest : public StorageTest {
   OdDbObjectId graph;
 };
 
-TEST_F(StorageFilingTest, EntriesAreFiledInIdOrderWithTheGraphOwnedByItsMaster) {
+TEST_F(StorageFilingTest, EntriesAreFiledInHandleOrderWithTheGraphOwnedByItsMaster) {
   CJbDbCustBlockStoragePtr filed = storage();
   const auto entries = dxfEntries(dxfItemsOf(filed.get()).get());
   ASSERT_EQ(entries.size(), 3u);
   std::vector<OdDbObjectId> ids = {door, blocks[0], blocks[1]};
-  std::sort(ids.begin(), ids.end());
+  std::sort(ids.begin(), ids.end(), [](const OdDbObjectId& a, const OdDbObjectId& b) {
+    return a.getHandle() < b.getHandle();
+  });
   for (std::size_t i = 0; i < ids.size(); ++i) {
     EXPECT_EQ(entries[i][0], "330 " + hex(ids[i]));
     EXPECT_EQ(entries[i][1], "330 " + hex(door));
