@@ -1,4 +1,4 @@
-// The storage record in DWG and DXF: entries in id order, a master's graph owned and an
+// The storage record in DWG and DXF: entries in handle order, a master's graph owned and an
 // instance's only referred to, reserved values kept, out-of-place DXF codes refused with the
 // entries read so far kept; and the id rules of swapping masters and of mapping saved state.
 #include <algorithm>
@@ -17,6 +17,13 @@ std::vector<std::vector<std::string>> dxfEntries(const OdResBuf* items) {
   for (auto it = marker + 4; it + 5 <= texts.end(); it += 5)
     entries.emplace_back(it, it + 5);
   return entries;
+}
+
+std::vector<OdDbObjectId> inHandleOrder(std::vector<OdDbObjectId> ids) {
+  std::sort(ids.begin(), ids.end(), [](const OdDbObjectId& a, const OdDbObjectId& b) {
+    return a.getHandle() < b.getHandle();
+  });
+  return ids;
 }
 
 class MappingProbe : public CJbDbCustBlockStorage {
@@ -56,10 +63,7 @@ TEST_F(StorageFilingTest, EntriesAreFiledInHandleOrderWithTheGraphOwnedByItsMast
   CJbDbCustBlockStoragePtr filed = storage();
   const auto entries = dxfEntries(dxfItemsOf(filed.get()).get());
   ASSERT_EQ(entries.size(), 3u);
-  std::vector<OdDbObjectId> ids = {door, blocks[0], blocks[1]};
-  std::sort(ids.begin(), ids.end(), [](const OdDbObjectId& a, const OdDbObjectId& b) {
-    return a.getHandle() < b.getHandle();
-  });
+  const std::vector<OdDbObjectId> ids = inHandleOrder({door, blocks[0], blocks[1]});
   for (std::size_t i = 0; i < ids.size(); ++i) {
     EXPECT_EQ(entries[i][0], "330 " + hex(ids[i]));
     EXPECT_EQ(entries[i][1], "330 " + hex(door));
@@ -104,8 +108,7 @@ TEST_F(StorageFilingTest, AnOutOfPlaceDxfCodeStopsReadingAndKeepsTheEntriesBefor
     EXPECT_EQ(read->dxfInFields(filer.get()), eBadDxfSequence) << broken;
     // Broken before the entries, the storage keeps what it had; broken in the second entry, the
     // first is kept.
-    std::vector<OdDbObjectId> ids = {door, blocks[0], blocks[1]};
-    std::sort(ids.begin(), ids.end());
+    const std::vector<OdDbObjectId> ids = inHandleOrder({door, blocks[0], blocks[1]});
     const bool beforeEntries = broken == marker + 1;
     EXPECT_TRUE(read->IsBlockCustomizable(ids[0])) << broken;
     EXPECT_EQ(read->IsBlockCustomizable(ids[1]), beforeEntries) << broken;
