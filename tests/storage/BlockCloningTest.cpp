@@ -103,3 +103,28 @@ TEST_F(BlockCloningTest, AMasterCopiedWithinTheDrawingGetsItsOwnGraph) {
   storage()->GetAllBlockInstancesForMasterBlock(door, instances);
   EXPECT_EQ(instances, OdArray<OdDbObjectId>({instance}));
 }
+
+TEST_F(BlockCloningTest, AnInstanceCopiedWithinTheDrawingStaysCustomizableWithItsMasterAndState) {
+  OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+  db->deepCloneObjects({instance}, db->getBlockTableId(), *mapping);
+  const OdDbObjectId copy = cloneOf(*mapping, instance);
+  ASSERT_FALSE(copy.isNull());
+  EXPECT_TRUE(cloneOf(*mapping, door).isNull());
+  EXPECT_TRUE(storage()->IsBlockCustomizable(copy));
+  EXPECT_FALSE(storage()->IsBlockMaster(copy));
+  OdDbObjectId master;
+  EXPECT_TRUE(storage()->GetMasterBlockId(copy, master));
+  EXPECT_EQ(master, door);
+  EXPECT_NEAR(savedWidth(copy), 15.0, 1e-9);
+  const OdDbObjectIdArray entities = stretchedEntities(copy, db.get());
+  ASSERT_EQ(entities.length(), 2u);
+  for (const OdDbObjectId& entity : entities)
+    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copy);
+
+  // A reference of the copy goes on from its state; the original instance keeps its own.
+  const OdDbObjectId copyReference = addReference(db->getModelSpaceId(), copy);
+  dragWidth(copyReference, OdGeVector3d(5, 0, 0));
+  EXPECT_TRUE(SameFrame(frameOf(blockOf(copyReference)), DoorFrame(20)));
+  EXPECT_TRUE(SameFrame(frameOf(instance), DoorFrame(15)));
+  EXPECT_NEAR(savedWidth(instance), 15.0, 1e-9);
+}
