@@ -59,6 +59,25 @@ void expectTilted(double thickness, double expectedThickness, const OdGeVector3d
   EXPECT_TRUE(isNear(normal, kTilted));
 }
 
+// Where and how a single-line text or attribute definition stands.
+struct PlacedText {
+  OdGePoint3d position, alignment;
+  OdDb::TextHorzMode horizontal;
+  OdDb::TextVertMode vertical;
+  const char* text;
+  double height, rotation;
+};
+
+void expectPlacedText(const OdDbText* e, const PlacedText& expected) {
+  EXPECT_TRUE(isNear(e->position(), expected.position));
+  EXPECT_TRUE(isNear(e->alignmentPoint(), expected.alignment));
+  EXPECT_EQ(e->horizontalMode(), expected.horizontal);
+  EXPECT_EQ(e->verticalMode(), expected.vertical);
+  EXPECT_EQ(e->textString(), expected.text);
+  EXPECT_EQ(e->height(), expected.height);
+  EXPECT_NEAR(e->rotation(), expected.rotation, 1e-12);
+}
+
 struct KindCheck {
   const char* kind;
   std::function<void(OdDbDatabase*, const OdDbObjectId&)> check;
@@ -250,14 +269,9 @@ const std::vector<KindCheck>& kindChecks() {
       {"text",
        [](OdDbDatabase*, const OdDbObjectId& id) {
          OdDbTextPtr e = as<OdDbText>(id);
-         EXPECT_TRUE(isNear(e->position(), OdGePoint3d(1, 2, 0)));
-         EXPECT_TRUE(isNear(e->alignmentPoint(), OdGePoint3d(6, 2, 0)));
-         EXPECT_EQ(e->horizontalMode(), OdDb::kTextCenter);
-         EXPECT_EQ(e->verticalMode(), OdDb::kTextTop);
-         EXPECT_EQ(e->textString(), "Héllo");
+         expectPlacedText(
+             e.get(), {{1, 2, 0}, {6, 2, 0}, OdDb::kTextCenter, OdDb::kTextTop, "Héllo", 2.5, 0.5});
          EXPECT_EQ(e->styleName(), "Notes");
-         EXPECT_EQ(e->height(), 2.5);
-         EXPECT_NEAR(e->rotation(), 0.5, 1e-12);
          EXPECT_EQ(e->widthFactor(), 0.8);
          EXPECT_NEAR(e->oblique(), 0.2, 1e-12);
          EXPECT_TRUE(e->isMirroredInY());
@@ -280,13 +294,9 @@ const std::vector<KindCheck>& kindChecks() {
       {"attdef",
        [](OdDbDatabase*, const OdDbObjectId& id) {
          OdDbAttributeDefinitionPtr e = as<OdDbAttributeDefinition>(id);
-         EXPECT_TRUE(isNear(e->position(), OdGePoint3d(1, 2, 0.5)));
-         EXPECT_TRUE(isNear(e->alignmentPoint(), OdGePoint3d(4, 2, 0.5)));
-         EXPECT_EQ(e->horizontalMode(), OdDb::kTextRight);
-         EXPECT_EQ(e->verticalMode(), OdDb::kTextVertMid);
-         EXPECT_EQ(e->textString(), "12");
-         EXPECT_EQ(e->height(), 1.5);
-         EXPECT_NEAR(e->rotation(), 0.7, 1e-12);
+         expectPlacedText(
+             e.get(),
+             {{1, 2, 0.5}, {4, 2, 0.5}, OdDb::kTextRight, OdDb::kTextVertMid, "12", 1.5, 0.7});
          EXPECT_EQ(e->tag(), "SIZE");
          EXPECT_EQ(e->prompt(), "Size?");
          EXPECT_TRUE(e->isVerifiable() && e->isPreset() && e->lockPositionInBlock());
