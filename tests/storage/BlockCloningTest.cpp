@@ -34,6 +34,18 @@ class BlockCloningTest : public StorageTest {
     return OdDbObjectIdArray();
   }
 
+  // The entities the stretch action of the block's master graph is defined on.
+  OdDbObjectIdArray definedEntities(const OdDbObjectId& block, OdDbDatabase* database) {
+    OdDbObjectId graphId;
+    EXPECT_TRUE(storage(OdDb::kForRead, database)->GetMasterBlockGraphId(block, graphId));
+    CJbDbCustBlockGraphPtr graph = open<CJbDbCustBlockGraph>(graphId);
+    for (int id : graph->GetAllNodeIds()) {
+      if (CJbCustBlockActionPtr action = CJbCustBlockAction::cast(graph->GetNode(id).get()))
+        return action->GetEntities(0);
+    }
+    return OdDbObjectIdArray();
+  }
+
   OdStaticRxObject<CJbCustBlockDeepCloneReactor> reactor;
   OdDbObjectId reference, instance;
 };
@@ -66,6 +78,11 @@ TEST_F(BlockCloningTest, AReferenceWblockedIntoAnotherDrawingBringsItsMasterAndS
   ASSERT_EQ(entities.length(), 2u);
   for (const OdDbObjectId& entity : entities)
     EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copiedInstance);
+  // And the copied master's graph is defined on the copied master's entities.
+  const OdDbObjectIdArray defined = definedEntities(copiedDoor, target.get());
+  ASSERT_EQ(defined.length(), 2u);
+  for (const OdDbObjectId& entity : defined)
+    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copiedDoor);
 
   // Editing in the target changes the target alone.
   std::swap(db, target);
@@ -89,6 +106,10 @@ TEST_F(BlockCloningTest, AMasterCopiedWithinTheDrawingGetsItsOwnGraph) {
   EXPECT_NE(graphOfCopy, graphOfDoor);
   EXPECT_EQ(open<CJbDbCustBlockGraph>(graphOfCopy)->GetBlockDefinitionId(), copy);
   for (const OdDbObjectId& entity : stretchedEntities(copy, db.get()))
+    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copy);
+  const OdDbObjectIdArray defined = definedEntities(copy, db.get());
+  ASSERT_EQ(defined.length(), 2u);
+  for (const OdDbObjectId& entity : defined)
     EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copy);
 
   // A reference of the copy is edited like any other; the original's instance stays as it was.

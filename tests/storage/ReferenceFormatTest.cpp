@@ -62,11 +62,13 @@ class SashReferenceFiles : public StorageTest {
     return element;
   }
 
-  // The width and the matched row of a reference's state.
+  // The width and the matched row of a reference's state. The graph that holds them is always
+  // of the current format, whatever the master was filed at.
   std::pair<double, int> stateOf(const OdDbObjectId& reference) {
     CJbDbCustBlockGraphPtr graph;
     EXPECT_TRUE(storage()->GetUpdatedGraph(blockOf(reference), graph));
     if (graph.isNull()) return {-1, -2};
+    EXPECT_EQ(graph->GetMinorVersion(), 7);
     return {node<CJbCustBlockParameter>(graph.get(), 1)->GetValue(0)->getDouble(),
             node<CJbCustBlockParameter>(graph.get(), 4)->GetValue(0)->getInt32()};
   }
