@@ -46,6 +46,19 @@ class BlockCloningTest : public StorageTest {
     return OdDbObjectIdArray();
   }
 
+  // Whether the door's two stretched entities are the given block's own.
+  ::testing::AssertionResult twoEntitiesOf(const OdDbObjectIdArray& entities,
+                                           const OdDbObjectId& block) {
+    if (entities.length() != 2)
+      return ::testing::AssertionFailure() << entities.length() << " entities";
+    for (const OdDbObjectId& entity : entities) {
+      const OdDbObjectId owner = open<OdDbEntity>(entity)->ownerId();
+      if (owner != block)
+        return ::testing::AssertionFailure() << "an entity of block " << hex(owner);
+    }
+    return ::testing::AssertionSuccess();
+  }
+
   OdStaticRxObject<CJbCustBlockDeepCloneReactor> reactor;
   OdDbObjectId reference, instance;
 };
@@ -74,15 +87,9 @@ TEST_F(BlockCloningTest, AReferenceWblockedIntoAnotherDrawingBringsItsMasterAndS
   copied.release();
 
   // The state names the copied instance's own entities.
-  const OdDbObjectIdArray entities = stretchedEntities(copiedInstance, target.get());
-  ASSERT_EQ(entities.length(), 2u);
-  for (const OdDbObjectId& entity : entities)
-    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copiedInstance);
+  EXPECT_TRUE(twoEntitiesOf(stretchedEntities(copiedInstance, target.get()), copiedInstance));
   // And the copied master's graph is defined on the copied master's entities.
-  const OdDbObjectIdArray defined = definedEntities(copiedDoor, target.get());
-  ASSERT_EQ(defined.length(), 2u);
-  for (const OdDbObjectId& entity : defined)
-    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copiedDoor);
+  EXPECT_TRUE(twoEntitiesOf(definedEntities(copiedDoor, target.get()), copiedDoor));
 
   // Editing in the target changes the target alone.
   std::swap(db, target);
@@ -105,12 +112,8 @@ TEST_F(BlockCloningTest, AMasterCopiedWithinTheDrawingGetsItsOwnGraph) {
   EXPECT_TRUE(storage()->GetMasterBlockGraphId(door, graphOfDoor));
   EXPECT_NE(graphOfCopy, graphOfDoor);
   EXPECT_EQ(open<CJbDbCustBlockGraph>(graphOfCopy)->GetBlockDefinitionId(), copy);
-  for (const OdDbObjectId& entity : stretchedEntities(copy, db.get()))
-    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copy);
-  const OdDbObjectIdArray defined = definedEntities(copy, db.get());
-  ASSERT_EQ(defined.length(), 2u);
-  for (const OdDbObjectId& entity : defined)
-    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copy);
+  EXPECT_TRUE(twoEntitiesOf(stretchedEntities(copy, db.get()), copy));
+  EXPECT_TRUE(twoEntitiesOf(definedEntities(copy, db.get()), copy));
 
   // A reference of the copy is edited like any other; the original's instance stays as it was.
   const OdDbObjectId copyReference = addReference(db->getModelSpaceId(), copy);
@@ -137,10 +140,7 @@ TEST_F(BlockCloningTest, AnInstanceCopiedWithinTheDrawingStaysCustomizableWithIt
   EXPECT_TRUE(storage()->GetMasterBlockId(copy, master));
   EXPECT_EQ(master, door);
   EXPECT_NEAR(savedWidth(copy), 15.0, 1e-9);
-  const OdDbObjectIdArray entities = stretchedEntities(copy, db.get());
-  ASSERT_EQ(entities.length(), 2u);
-  for (const OdDbObjectId& entity : entities)
-    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copy);
+  EXPECT_TRUE(twoEntitiesOf(stretchedEntities(copy, db.get()), copy));
 
   // A reference of the copy goes on from its state; the original instance keeps its own.
   const OdDbObjectId copyReference = addReference(db->getModelSpaceId(), copy);
