@@ -15,6 +15,7 @@
 #include "platform/db/OdDbEntity.h"
 #include "platform/db/entities/OdDbAttributeDefinition.h"
 #include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/ge/OdGeConstants.h"
 #include "platform/ge/OdGeContour2d.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/rx/OdRxClass.h"
@@ -22,8 +23,6 @@
 ODRX_NO_CONS_DEFINE_MEMBERS_NAMED(CJbCustBlockAction, "JbCustBlockAction", CJbCustBlockElement)
 
 namespace {
-constexpr double kValueTol = 1e-10;
-constexpr double kTwoPi = 6.28318530717958647692;
 
 using SelectionSet = CJbCustBlockActionImpl::SelectionSet;
 
@@ -240,10 +239,10 @@ OdResult CJbCustBlockAction::dwgInFields(OdDbDwgFiler* filer, CJbDbCustBlockGrap
       double angle = filer->rdDouble();
       impl.m_distanceMultiplier = filer->rdDouble();
       if (CJbCustBlockFormatVersion::IsAtLeast(graph, 0, 7) && std::isfinite(angle)) {
-        const double type = std::floor(angle / kTwoPi);
+        const double type = std::floor(angle / OdGeConstants::k2Pi);
         if (type < kWholeVector || type > kYComponent) return eDwgObjectImproperlyRead;
         impl.m_distanceType = static_cast<unsigned>(type);
-        angle -= type * kTwoPi;
+        angle -= type * OdGeConstants::k2Pi;
       }
       impl.m_angleOffset = angle;
       // Reset takes the stored angle before any evaluation.
@@ -291,9 +290,11 @@ void CJbCustBlockAction::dwgOutFields(OdDbDwgFiler* filer, const CJbDbCustBlockG
   filer->wrInt32(impl.m_parameter.GetId());
   filer->wrInt32(static_cast<int>(impl.m_pointIndex));
   if (impl.m_modifierKind == CJbCustBlockActionImpl::kAngleOffsetModifier) {
-    double angle = impl.m_angleOffset - std::floor(impl.m_angleOffset / kTwoPi) * kTwoPi;
+    double angle = impl.m_angleOffset -
+                   std::floor(impl.m_angleOffset / OdGeConstants::k2Pi) * OdGeConstants::k2Pi;
     // The distance type travels in the whole turns of the angle.
-    if (CJbCustBlockFormatVersion::IsAtLeast(graph, 0, 7)) angle += impl.m_distanceType * kTwoPi;
+    if (CJbCustBlockFormatVersion::IsAtLeast(graph, 0, 7))
+      angle += impl.m_distanceType * OdGeConstants::k2Pi;
     filer->wrDouble(angle);
     filer->wrDouble(impl.m_distanceMultiplier);
   } else if (impl.m_modifierKind == CJbCustBlockActionImpl::kBaseOffsetModifier) {
@@ -482,8 +483,8 @@ bool CJbCustBlockAction::SetAngleOffsetAndDistanceMultiplier(double multiplier, 
                                                              DistanceType type) {
   CJbCustBlockActionImpl& impl = *ActionImpl();
   if (impl.m_modifierKind != CJbCustBlockActionImpl::kAngleOffsetModifier) return false;
-  if (std::fabs(multiplier - impl.m_distanceMultiplier) <= kValueTol &&
-      std::fabs(angle - impl.m_angleOffset) <= kValueTol &&
+  if (std::fabs(multiplier - impl.m_distanceMultiplier) <= OdGeConstants::kTolerance &&
+      std::fabs(angle - impl.m_angleOffset) <= OdGeConstants::kTolerance &&
       static_cast<unsigned>(type) == impl.m_distanceType)
     return true;
   AssertWriteEnabled();

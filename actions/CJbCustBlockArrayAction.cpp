@@ -19,6 +19,7 @@
 #include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/db/filers/OdDbMemoryDwgFiler.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
+#include "platform/ge/OdGeConstants.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbSystemServices.h"
 #include "platform/host/CJbTranslator.h"
@@ -28,7 +29,6 @@ ODRX_CONS_DEFINE_MEMBERS_NAMED(CJbCustBlockArrayAction, "JbCustBlockArrayAction"
                                CJbCustBlockAction)
 
 namespace {
-constexpr double kValueTol = 1e-10;
 
 // One direction of the array: where it runs, how far apart the copies are, and how many places
 // (the source's own included) it fills.
@@ -50,7 +50,7 @@ void storeDistance(const CJbCustBlockArrayAction& action, double& stored, double
     text << "array distance must be a positive number, got " << distance;
     throw OdError(eInvalidInput, text.str());
   }
-  if (std::fabs(distance - stored) <= kValueTol) return;
+  if (std::fabs(distance - stored) <= OdGeConstants::kTolerance) return;
   action.AssertWriteEnabled();
   stored = distance;
 }

@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "platform/ge/OdGeConstants.h"
 #include "platform/host/CJbTranslator.h"
 
 namespace {
-constexpr double kPi = 3.14159265358979323846;
+constexpr double kPi = OdGeConstants::kPi;
 // Below this a number is the noise of a computation that should have given 0.
 constexpr double kNoise = 1e-9;
 const char kDegreeSign[] = "\xC2\xB0";

@@ -5,8 +5,8 @@
 
 #include "platform/OdPlatform.h"
 #include "platform/db/OdDbDatabase.h"
-#include "platform/db/OdRxEvent.h"
 #include "platform/db/cloning/OdDbIdMapping.h"
+#include "platform/db/cloning/OdRxEvent.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/symtables/OdDbBlockTable.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"

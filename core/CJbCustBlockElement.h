@@ -113,6 +113,8 @@ class CJbCustBlockElement : public OdRxObject {
  private:
   friend class CJbDbCustBlockGraph;
   friend class CJbDbCustBlockGraphImpl;
+  friend class CJbDbCustBlockGraphEvaluation;
+  friend class CJbDbCustBlockGraphFiling;
   friend class CJbCustBlockProxyElement;
 
   std::unique_ptr<CJbCustBlockElementImpl> m_pImpl;

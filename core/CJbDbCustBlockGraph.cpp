@@ -1,31 +1,25 @@
 // The evaluation graph of one customizable block definition.
 #include "core/CJbDbCustBlockGraph.h"
 
-#include <memory>
-#include <new>
 #include <string>
 #include <vector>
 
-#include "core/CJbCustBlockCyclingGrip.h"
-#include "core/CJbCustBlockElementClasses.h"
 #include "core/CJbCustBlockElementImpl.h"
+#include "core/CJbCustBlockGraphGrip.h"
+#include "core/CJbCustBlockGraphParameter.h"
 #include "core/CJbCustBlockGraphReactor.h"
-#include "core/CJbCustBlockProxyElement.h"
 #include "core/CJbCustBlockSettingsElement.h"
-#include "core/CJbDbCustBlockAttributeSnapshot.h"
+#include "core/CJbDbCustBlockAttributeFollower.h"
+#include "core/CJbDbCustBlockGraphEvaluation.h"
 #include "core/CJbDbCustBlockGraphEvaluationContext.h"
+#include "core/CJbDbCustBlockGraphFiling.h"
 #include "core/CJbDbCustBlockGraphImpl.h"
 #include "core/CJbDbCustBlockGraphInstanceContext.h"
 #include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbWriteGuard.h"
-#include "platform/db/entities/OdDbAttribute.h"
-#include "platform/db/entities/OdDbAttributeDefinition.h"
-#include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/db/filers/OdDbMemoryDwgFiler.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
-#include "platform/host/CJbCustBlockUtils.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DEFINE_MEMBERS_NAMED(CJbDbCustBlockGraph, "JbDbCustBlockGraph", OdDbObject,
@@ -115,60 +109,22 @@ bool CJbDbCustBlockGraph::CanNodeBeAdded(OdRxClass* cls) const {
 
 bool CJbDbCustBlockGraph::IsEmpty() const {
   assertReadEnabled();
-  const OdRxClass* parameterClass = CJbCustBlockElementClasses::ParameterClass();
   for (const auto& entry : m_pImpl->m_nodes) {
-    const CJbCustBlockElement& node = *entry.second.element;
-    if (node.IsProxy() || (parameterClass && node.isKindOf(parameterClass))) return false;
+    const CJbCustBlockElement* node = entry.second.element.get();
+    if (node->IsProxy() || CJbCustBlockGraphParameter::Is(node)) return false;
   }
   return true;
 }
 
-void CJbDbCustBlockGraph::RunPasses(const OdArray<int>& ids,
-                                    CJbDbCustBlockGraphEvaluationContext* context,
-                                    bool evaluateParameters) {
-  // The elements are looked up once and held for the three passes.
-  std::vector<CJbCustBlockElementPtr> elements;
-  elements.reserve(ids.length());
-  for (int id : ids) {
-    if (CJbCustBlockElement* node = NodeAt(id)) elements.emplace_back(node);
-  }
-  const OdRxClass* parameterClass =
-      evaluateParameters ? nullptr : CJbCustBlockElementClasses::ParameterClass();
-  for (const auto& element : elements)
-    element->BeginEvaluate(context);
-  for (const auto& element : elements) {
-    if (!parameterClass || !element->isKindOf(parameterClass)) element->Evaluate(context);
-  }
-  for (const auto& element : elements)
-    element->EndEvaluate(context);
-}
-
 void CJbDbCustBlockGraph::Evaluate(const OdDbObjectId& blockRefId, bool modifyBlockReferences) {
   assertReadEnabled();
-  const OdArray<int> work = m_pImpl->BuildWorkList();
-  if (work.isEmpty()) return;
-  const int mode =
-      modifyBlockReferences ? CJbDbCustBlockGraphEvaluationContext::kModifyBlockReferences : 0;
-  CJbDbCustBlockGraphEvaluationContextPtr context(
-      new CJbDbCustBlockGraphEvaluationContext(mode, blockRefId));
-  RunPasses(work, context.get(), true);
+  CJbDbCustBlockGraphEvaluation(*m_pImpl).ForReference(blockRefId, modifyBlockReferences);
 }
 
 void CJbDbCustBlockGraph::EvaluateFromBlockDefinition(const OdDbObjectId& blockDefId,
                                                       bool ignoreBlockEntities) {
   assertReadEnabled();
-  const int mode =
-      ignoreBlockEntities ? CJbDbCustBlockGraphEvaluationContext::kIgnoreBlockEntities : 0;
-  const OdArray<int> changed = m_pImpl->OrderForDefinition(m_pImpl->BuildWorkList());
-  CJbDbCustBlockGraphEvaluationContextPtr first(new CJbDbCustBlockGraphEvaluationContext(
-      mode | CJbDbCustBlockGraphEvaluationContext::kAfterBlockRedefine, blockDefId));
-  RunPasses(changed, first.get(), false);
-
-  OdArray<int> all;
-  m_pImpl->AllNodeIds(all);
-  CJbDbCustBlockGraphEvaluationContextPtr second(
-      new CJbDbCustBlockGraphEvaluationContext(mode, blockDefId));
-  RunPasses(m_pImpl->OrderForDefinition(all), second.get(), true);
+  CJbDbCustBlockGraphEvaluation(*m_pImpl).ForDefinition(blockDefId, ignoreBlockEntities);
 }
 
 void CJbDbCustBlockGraph::Reset(const OdDbObjectId& blockId, bool ignoreBlockEntities) {
@@ -191,26 +147,18 @@ void CJbDbCustBlockGraph::Cleanup() {
   }
 }
 
-namespace {
-// The cycling view of a grip node, or null when the node is no grip that takes part in cycling.
-const CJbCustBlockCyclingGrip* cyclingGrip(const CJbCustBlockElement* node) {
-  if (!CJbCustBlockElementClasses::IsGrip(node)) return nullptr;
-  return dynamic_cast<const CJbCustBlockCyclingGrip*>(node);
-}
-}  // namespace
-
 OdArray<int> CJbDbCustBlockGraph::GetCyclingOrder(bool onlyEnabled) const {
   assertReadEnabled();
   OdArray<int> order = m_pImpl->m_cyclingOrder;
   if (order.isEmpty()) {
     for (const auto& entry : m_pImpl->m_nodes) {
-      if (CJbCustBlockElementClasses::IsGrip(entry.second.element.get())) order.append(entry.first);
+      if (CJbCustBlockGraphGrip::Of(entry.second.element.get())) order.append(entry.first);
     }
   }
   if (!onlyEnabled) return order;
   OdArray<int> enabled;
   for (int id : order) {
-    const CJbCustBlockCyclingGrip* grip = cyclingGrip(NodeAt(id));
+    const CJbCustBlockGraphGrip* grip = CJbCustBlockGraphGrip::Of(NodeAt(id));
     if (grip && grip->IsInsertionPointCyclingEnabled()) enabled.append(id);
   }
   return enabled;
@@ -261,9 +209,9 @@ OdArray<OdGePoint3d> CJbDbCustBlockGraph::GetCyclingPoints(OdArray<int>* ids) co
   };
   std::vector<AlignmentPoint> alignments;
   for (int id : order) {
-    const CJbCustBlockElement* node = NodeAt(id);
-    if (!CJbCustBlockElementClasses::IsAlignmentGrip(node)) continue;
-    const OdGePoint3d point = cyclingGrip(node)->GetUpdatedPosition();
+    const CJbCustBlockGraphGrip* grip = CJbCustBlockGraphGrip::Of(NodeAt(id));
+    if (!grip->GathersCyclingPoints()) continue;
+    const OdGePoint3d point = grip->GetUpdatedPosition();
     bool known = false;
     for (const AlignmentPoint& kept : alignments)
       known = known || kept.point.isEqualTo(point);
@@ -272,7 +220,7 @@ OdArray<OdGePoint3d> CJbDbCustBlockGraph::GetCyclingPoints(OdArray<int>* ids) co
 
   OdArray<OdGePoint3d> points;
   for (int id : order) {
-    const OdGePoint3d point = cyclingGrip(NodeAt(id))->GetUpdatedPosition();
+    const OdGePoint3d point = CJbCustBlockGraphGrip::Of(NodeAt(id))->GetUpdatedPosition();
     AlignmentPoint* at = nullptr;
     for (AlignmentPoint& kept : alignments) {
       if (kept.point.isEqualTo(point)) {
@@ -292,93 +240,14 @@ OdArray<OdGePoint3d> CJbDbCustBlockGraph::GetCyclingPoints(OdArray<int>* ids) co
   return points;
 }
 
-namespace {
-OdSmartPtr<OdDbBlockReference> openBlockReference(const OdDbObjectId& blockRefId) {
-  // The reference may be held open for write by the edit that updates its attributes.
-  OdDbObjectPtr object = blockRefId.openObjectShared(OdDb::kForRead);
-  if (object.isNull()) object = blockRefId.safeOpenObject(OdDb::kForRead);
-  OdSmartPtr<OdDbBlockReference> reference = OdDbBlockReference::cast(object.get());
-  if (reference.isNull())
-    throw OdError(eNotThatKindOfClass, "attribute update: object " +
-                                           blockRefId.getHandle().ascii().str() +
-                                           " is not a block reference");
-  return reference;
-}
-
-// The attribute definitions of the referenced block as they stand now.
-std::unique_ptr<CJbDbCustBlockAttributeSnapshot> takeSnapshot(const OdDbBlockReference& reference) {
-  auto snapshot = std::make_unique<CJbDbCustBlockAttributeSnapshot>();
-  OdSmartPtr<OdDbBlockTableRecord> record =
-      OdDbBlockTableRecord::cast(reference.blockTableRecord().safeOpenObject(OdDb::kForRead).get());
-  if (record.isNull()) return snapshot;
-  for (OdDbObjectIteratorPtr it = record->newIterator(); !it->done(); it->step()) {
-    OdSmartPtr<OdDbAttributeDefinition> definition =
-        OdDbAttributeDefinition::cast(it->getObject().get());
-    if (definition.isNull()) continue;
-    snapshot->Add(definition->tag(),
-                  CJbDbCustBlockAttributeSnapshot::Definition{
-                      it->objectId(), definition->position(), definition->alignmentPoint()});
-  }
-  return snapshot;
-}
-
-OdGePoint3d transformed(OdGePoint3d point, const OdGeMatrix3d& xform) {
-  return point.transformBy(xform);
-}
-}  // namespace
-
 void CJbDbCustBlockGraph::BeginUpdateAttributes(const OdDbObjectId& blockRefId,
                                                 CJbDbCustBlockAttributeSnapshot*& snapshot) {
-  snapshot = takeSnapshot(*openBlockReference(blockRefId)).release();
+  snapshot = CJbDbCustBlockAttributeFollower::TakeSnapshot(blockRefId).release();
 }
 
 void CJbDbCustBlockGraph::UpdateAttributes(const OdDbObjectId& blockRefId,
                                            CJbDbCustBlockAttributeSnapshot* snapshot) {
-  OdSmartPtr<OdDbBlockReference> reference = openBlockReference(blockRefId);
-  const OdGeMatrix3d xform = reference->blockTransform();
-  // Without an earlier snapshot the definitions' present positions are the reference.
-  const bool fromBefore = snapshot != nullptr;
-  std::unique_ptr<CJbDbCustBlockAttributeSnapshot> taken;
-  if (!fromBefore) {
-    taken = takeSnapshot(*reference);
-    snapshot = taken.get();
-  }
-  for (OdDbObjectIteratorPtr it = reference->attributeIterator(); !it->done(); it->step()) {
-    OdSmartPtr<OdDbAttribute> attribute = OdDbAttribute::cast(it->getObject().get());
-    if (attribute.isNull()) continue;
-    const CJbDbCustBlockAttributeSnapshot::Definition* recorded = snapshot->Find(attribute->tag());
-    if (!recorded) continue;
-    OdSmartPtr<OdDbAttributeDefinition> definition =
-        OdDbAttributeDefinition::cast(recorded->id.openObject(OdDb::kForRead).get());
-    if (definition.isNull()) continue;
-
-    auto writable = [&]() {
-      if (!attribute->isWriteEnabled()) attribute->upgradeOpen();
-      return attribute.get();
-    };
-    if (attribute->visibility() != definition->visibility())
-      writable()->setVisibility(definition->visibility());
-    if (attribute->lockPositionInBlock() != definition->lockPositionInBlock())
-      writable()->setLockPositionInBlock(definition->lockPositionInBlock());
-
-    const OdGePoint3d position = transformed(recorded->position, xform);
-    const OdGePoint3d alignment = transformed(recorded->alignmentPoint, xform);
-    OdGePoint3d newPosition = position, newAlignment = alignment;
-    bool move = false;
-    if (fromBefore) {
-      // The definition moved in the evaluation: the attribute follows it.
-      newPosition = transformed(definition->position(), xform);
-      newAlignment = transformed(definition->alignmentPoint(), xform);
-      move = !newPosition.isEqualTo(position) || !newAlignment.isEqualTo(alignment);
-    } else {
-      move = !attribute->position().isEqualTo(position) ||
-             !attribute->alignmentPoint().isEqualTo(alignment);
-    }
-    if (move) {
-      writable()->setPosition(newPosition);
-      writable()->setAlignmentPoint(newAlignment);
-    }
-  }
+  CJbDbCustBlockAttributeFollower::Follow(blockRefId, snapshot);
 }
 
 OdDbObjectId CJbDbCustBlockGraph::GetBlockDefinitionId() const {
@@ -434,7 +303,7 @@ void CJbDbCustBlockGraph::AssertNodeWriteEnabled(const CJbCustBlockElement* elem
 void CJbDbCustBlockGraph::UpdateCyclingOrder(int id) {
   OdArray<int>& order = m_pImpl->m_cyclingOrder;
   if (order.isEmpty()) return;
-  const bool isGrip = CJbCustBlockElementClasses::IsGrip(NodeAt(id));
+  const bool isGrip = CJbCustBlockGraphGrip::Of(NodeAt(id)) != nullptr;
   const bool listed = order.contains(id);
   if (isGrip && !listed) order.append(id);
   if (!isGrip && listed) order.remove(id);
@@ -447,225 +316,41 @@ OdString CJbDbCustBlockGraph::GetIdentifier() const {
 
 namespace {
 using Impl = CJbDbCustBlockGraphImpl;
+using Filing = CJbDbCustBlockGraphFiling;
 
-bool isCurrentVersion(int major, int minor) {
-  return major == Impl::kCurrentMajorVersion && minor == Impl::kCurrentMinorVersion;
-}
-
-// Graphs before 0.2 carry no identifier.
-bool filesIdentifier(int major, int minor) {
-  return major > 0 || minor >= 2;
-}
-
-// From 0.3 to 0.5 the cycling order was filed in the graph itself.
-bool filesOrderInGraph(int major, int minor) {
-  return major == 0 && minor >= 3 && minor <= 5;
-}
-
-// Makes the next DXF item current when it carries `code`; otherwise leaves it for the next read.
-bool nextGroupIs(OdDbDxfFiler* filer, int code) {
-  if (filer->nextItem() == code) return true;
-  filer->pushBackItem();
-  return false;
-}
-
-const char kSubclass[] = "JbDbCustBlockGraph";
 const char kVersionMarker[] = "VERSION";
 }  // namespace
 
-void CJbDbCustBlockGraph::SetFiledVersion(int major, int minor, OdDbDatabase* fileDatabase) {
-  m_pImpl->m_majorVersion = major;
-  m_pImpl->m_minorVersion = minor;
-  const bool newer = major > Impl::kCurrentMajorVersion ||
-                     (major == Impl::kCurrentMajorVersion && minor > Impl::kCurrentMinorVersion);
-  if (newer && fileDatabase) CJbCustBlockUtils::Get()->SetNewerFormatFound(fileDatabase);
-}
-
-CJbCustBlockElementPtr CJbDbCustBlockGraph::NodeFromProxy(const CJbCustBlockElementPtr& proxy) {
-  CJbCustBlockElementPtr element;
-  try {
-    element = static_cast<const CJbCustBlockProxyElement*>(proxy.get())->CreateElement(this);
-  } catch (const OdError&) {
-    // Data that its class cannot read back is kept as it was read, like an unknown class.
-    element = CJbCustBlockElementPtr();
-  }
-  if (element.isNull()) return proxy;
-  // Read at another version, the element is written back as it was read until the graph is
-  // upgraded.
-  if (!isCurrentVersion(m_pImpl->m_majorVersion, m_pImpl->m_minorVersion))
-    element->Impl()->m_proxyElement = proxy;
-  return element;
-}
-
-OdResult CJbDbCustBlockGraph::InsertReadNode(const CJbCustBlockElementPtr& proxy) {
-  const int id = static_cast<const CJbCustBlockElement*>(proxy.get())->Impl()->m_elementId;
-  if (m_pImpl->m_nodes.count(id) != 0) return eDuplicateKey;
-  CJbCustBlockElementPtr node = NodeFromProxy(proxy);
-  node->SetGraph(this);
-  m_pImpl->m_nodes.emplace(id, CJbDbCustBlockGraphImpl::Node{node});
-  return eOk;
-}
-
 OdResult CJbDbCustBlockGraph::NodeDwgInFields(OdDbDwgFiler* filer) {
-  const int count = filer->rdInt32();
-  if (count < 0) return eDwgObjectImproperlyRead;
-  for (int i = 0; i < count; ++i) {
-    CJbCustBlockProxyElementPtr proxy(new CJbCustBlockProxyElement);
-    OdResult result = proxy->dwgInFields(filer, this);
-    if (result == eOk) result = InsertReadNode(proxy);
-    if (result != eOk) return result;
-  }
-  return eOk;
+  return Filing::DwgInNodes(*this, filer);
 }
 
 OdResult CJbDbCustBlockGraph::NodeDxfInFields(OdDbDxfFiler* filer) {
-  if (!nextGroupIs(filer, 90)) return eBadDxfSequence;
-  const int count = filer->rdInt32();
-  if (count < 0) return eBadDxfSequence;
-  for (int i = 0; i < count; ++i) {
-    CJbCustBlockProxyElementPtr proxy(new CJbCustBlockProxyElement);
-    OdResult result = proxy->dxfInFields(filer, this);
-    if (result == eOk) result = InsertReadNode(proxy);
-    if (result != eOk) return result;
-  }
-  return eOk;
+  return Filing::DxfInNodes(*this, filer);
 }
-
-namespace {
-// The form a node is filed in: itself when it is a proxy, the proxy it was read from while that
-// is attached, else a proxy made from it now.
-CJbCustBlockElementPtr filedForm(const CJbCustBlockElement* node,
-                                 const CJbCustBlockElementPtr& attached,
-                                 const CJbDbCustBlockGraph* graph) {
-  if (node->IsProxy()) return CJbCustBlockElementPtr(const_cast<CJbCustBlockElement*>(node));
-  if (!attached.isNull()) return attached;
-  return CJbCustBlockProxyElement::CreateProxyFromElement(node, graph);
-}
-}  // namespace
 
 void CJbDbCustBlockGraph::NodeDwgOutFields(OdDbDwgFiler* filer) const {
-  filer->wrInt32(static_cast<int>(m_pImpl->m_nodes.size()));
-  for (const auto& entry : m_pImpl->m_nodes) {
-    const CJbCustBlockElement* node = entry.second.element.get();
-    filedForm(node, node->Impl()->m_proxyElement, this)->dwgOutFields(filer, this);
-  }
+  Filing::DwgOutNodes(*this, filer);
 }
 
 void CJbDbCustBlockGraph::NodeDxfOutFields(OdDbDxfFiler* filer) const {
-  filer->wrInt32(90, static_cast<int>(m_pImpl->m_nodes.size()));
-  for (const auto& entry : m_pImpl->m_nodes) {
-    const CJbCustBlockElement* node = entry.second.element.get();
-    filedForm(node, node->Impl()->m_proxyElement, this)->dxfOutFields(filer, this);
-  }
+  Filing::DxfOutNodes(*this, filer);
 }
-
-namespace {
-// Runs one read of the record: an error, thrown or returned, leaves the graph empty. Reading is no
-// edit, so reactors hear nothing of it.
-template <class Read>
-OdResult readRecord(CJbDbCustBlockGraphImpl& impl, Read read) {
-  OdResult result = eOk;
-  try {
-    result = read();
-  } catch (const OdError& error) {
-    result = error.code();
-  } catch (const std::bad_alloc&) {
-    result = eOutOfMemory;
-  }
-  if (result != eOk) impl.ClearContents();
-  impl.m_changeLog.clear();
-  return result;
-}
-}  // namespace
 
 OdResult CJbDbCustBlockGraph::dwgInFields(OdDbDwgFiler* filer) {
-  CJbDbCustBlockGraphImpl& impl = *m_pImpl;
-  return readRecord(impl, [&]() {
-    OdResult result = OdDbObject::dwgInFields(filer);
-    impl.ClearContents();
-    if (result != eOk) return result;
-    const int major = filer->rdInt32();
-    const int minor = filer->rdInt32();
-    SetFiledVersion(major, minor,
-                    filer->filerType() == OdDb::kFileFiler ? filer->database() : nullptr);
-    const int lastId = filer->rdInt32();
-    impl.m_lastId = lastId < 1 ? 1 : lastId;
-    impl.m_blockDefinitionId = filer->rdSoftPointerId();
-    result = NodeDwgInFields(filer);
-    if (result != eOk) return result;
-    Reset(OdDbObjectId::kNull, false);
-    impl.m_identifier = filesIdentifier(major, minor) ? filer->rdString() : OdString();
-    if (filesOrderInGraph(major, minor)) {
-      const int count = filer->rdInt32();
-      if (count < 0) return eDwgObjectImproperlyRead;
-      for (int i = 0; i < count; ++i)
-        impl.m_cyclingOrder.append(filer->rdInt32());
-      UpdateToCurrentVersion();
-    }
-    return eOk;
-  });
+  return Filing::DwgIn(*this, filer);
 }
 
 void CJbDbCustBlockGraph::dwgOutFields(OdDbDwgFiler* filer) const {
-  OdDbObject::dwgOutFields(filer);
-  const CJbDbCustBlockGraphImpl& impl = *m_pImpl;
-  filer->wrInt32(impl.m_majorVersion);
-  filer->wrInt32(impl.m_minorVersion);
-  filer->wrInt32(impl.m_lastId);
-  filer->wrSoftPointerId(impl.m_blockDefinitionId);
-  NodeDwgOutFields(filer);
-  if (filesIdentifier(impl.m_majorVersion, impl.m_minorVersion)) filer->wrString(impl.Identifier());
-  if (filesOrderInGraph(impl.m_majorVersion, impl.m_minorVersion)) {
-    filer->wrInt32(static_cast<int>(impl.m_cyclingOrder.length()));
-    for (int id : impl.m_cyclingOrder)
-      filer->wrInt32(id);
-  }
+  Filing::DwgOut(*this, filer);
 }
 
 OdResult CJbDbCustBlockGraph::dxfInFields(OdDbDxfFiler* filer) {
-  CJbDbCustBlockGraphImpl& impl = *m_pImpl;
-  return readRecord(impl, [&]() {
-    const OdResult result = OdDbObject::dxfInFields(filer);
-    impl.ClearContents();
-    if (result != eOk) return result;
-    if (!filer->atSubclassData(kSubclass)) return eBadDxfSequence;
-    int header[3] = {0, 0, 0};  // major, minor, last id
-    for (int& value : header) {
-      if (!nextGroupIs(filer, 90)) return eBadDxfSequence;
-      value = filer->rdInt32();
-    }
-    const int major = header[0], minor = header[1];
-    SetFiledVersion(major, minor,
-                    filer->filerType() == OdDb::kFileFiler ? filer->database() : nullptr);
-    impl.m_lastId = header[2] < 1 ? 1 : header[2];
-    if (!nextGroupIs(filer, 330)) return eBadDxfSequence;
-    impl.m_blockDefinitionId = filer->rdObjectId();
-    const OdResult nodes = NodeDxfInFields(filer);
-    if (nodes != eOk) return nodes;
-    Reset(OdDbObjectId::kNull, false);
-    impl.m_identifier = OdString();
-    if (filesIdentifier(major, minor)) {
-      if (!nextGroupIs(filer, 100)) return eBadDxfSequence;
-      impl.m_identifier = filer->rdString();
-    }
-    // The DXF record has no cycling order; a graph of those versions is upgraded all the same.
-    if (filesOrderInGraph(major, minor)) UpdateToCurrentVersion();
-    return eOk;
-  });
+  return Filing::DxfIn(*this, filer);
 }
 
 void CJbDbCustBlockGraph::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbObject::dxfOutFields(filer);
-  const CJbDbCustBlockGraphImpl& impl = *m_pImpl;
-  filer->wrSubclassMarker(kSubclass);
-  filer->wrInt32(90, impl.m_majorVersion);
-  filer->wrInt32(90, impl.m_minorVersion);
-  filer->wrInt32(90, impl.m_lastId);
-  filer->wrSoftPointerId(330, impl.m_blockDefinitionId);
-  NodeDxfOutFields(filer);
-  // The identifier travels under 100, where readers of this record expect it.
-  if (filesIdentifier(impl.m_majorVersion, impl.m_minorVersion))
-    filer->wrString(100, impl.Identifier());
+  Filing::DxfOut(*this, filer);
 }
 
 bool CJbDbCustBlockGraph::HasSettingsElement() const {
@@ -678,9 +363,9 @@ bool CJbDbCustBlockGraph::HasSettingsElement() const {
 
 void CJbDbCustBlockGraph::UpdateToCurrentVersion() {
   CJbDbCustBlockGraphImpl& impl = *m_pImpl;
-  if (isCurrentVersion(impl.m_majorVersion, impl.m_minorVersion)) return;
+  if (Filing::IsCurrentVersion(impl.m_majorVersion, impl.m_minorVersion)) return;
   assertWriteEnabled();
-  const bool orderInGraph = filesOrderInGraph(impl.m_majorVersion, impl.m_minorVersion);
+  const bool orderInGraph = Filing::FilesOrderInGraph(impl.m_majorVersion, impl.m_minorVersion);
   // From now on the settings element files the order.
   if (orderInGraph && !impl.m_cyclingOrder.isEmpty() && !HasSettingsElement())
     AppendNode(CJbCustBlockSettingsElement::createObject());
@@ -855,7 +540,7 @@ void CJbDbCustBlockGraph::AuditCyclingOrder(OdDbAuditInfo* auditInfo) {
   OdArray<int> repaired;
   int errors = 0;
   for (int id : order) {
-    if (CJbCustBlockElementClasses::IsGrip(NodeAt(id)) && !repaired.contains(id)) {
+    if (CJbCustBlockGraphGrip::Of(NodeAt(id)) && !repaired.contains(id)) {
       repaired.append(id);
       continue;
     }
@@ -864,8 +549,7 @@ void CJbDbCustBlockGraph::AuditCyclingOrder(OdDbAuditInfo* auditInfo) {
                           "entry removed");
   }
   for (const auto& entry : m_pImpl->m_nodes) {
-    if (!CJbCustBlockElementClasses::IsGrip(entry.second.element.get()) ||
-        repaired.contains(entry.first))
+    if (!CJbCustBlockGraphGrip::Of(entry.second.element.get()) || repaired.contains(entry.first))
       continue;
     ++errors;
     repaired.append(entry.first);
@@ -874,7 +558,8 @@ void CJbDbCustBlockGraph::AuditCyclingOrder(OdDbAuditInfo* auditInfo) {
   }
   // Only the settings element files the order; without one it would be lost.
   const bool settingsMissing =
-      !HasSettingsElement() && isCurrentVersion(m_pImpl->m_majorVersion, m_pImpl->m_minorVersion);
+      !HasSettingsElement() &&
+      Filing::IsCurrentVersion(m_pImpl->m_majorVersion, m_pImpl->m_minorVersion);
   if (settingsMissing) {
     ++errors;
     auditInfo->printError(self, "cycling order without a settings element",

@@ -1,7 +1,9 @@
 // The evaluation graph of one customizable block definition: a database object holding the
-// block's elements by id, deciding which of them are evaluated and in what order, keeping the
-// grip cycling order, announcing element changes to graph reactors when it is closed, filing
-// itself with every node in proxy form, and saving and loading the state of one block reference.
+// block's elements by id, keeping the grip cycling order, announcing element changes to graph
+// reactors when it is closed, auditing itself, and saving and loading the state of one block
+// reference. How it evaluates (CJbDbCustBlockGraphEvaluation), how it is filed
+// (CJbDbCustBlockGraphFiling) and how attributes follow their definitions
+// (CJbDbCustBlockAttributeFollower) live in classes of their own.
 #pragma once
 
 #include <memory>
@@ -111,19 +113,13 @@ class CJbDbCustBlockGraph : public OdDbObject {
  private:
   friend class CJbCustBlockElement;
   friend class CJbCustBlockSettingsElement;
+  friend class CJbDbCustBlockGraphFiling;
 
   CJbCustBlockElement* NodeAt(int id) const;
-  // Makes the node that `proxy` was read into, or the proxy itself when its class is missing.
-  CJbCustBlockElementPtr NodeFromProxy(const CJbCustBlockElementPtr& proxy);
-  OdResult InsertReadNode(const CJbCustBlockElementPtr& proxy);
-  // The version read; a newer one is reported to the host for the database of a file read.
-  void SetFiledVersion(int major, int minor, OdDbDatabase* fileDatabase);
   bool HasSettingsElement() const;
   void AuditNodes(OdDbAuditInfo* auditInfo);
   void AuditCyclingOrder(OdDbAuditInfo* auditInfo);
   bool HasNodeNamed(const OdString& name, const CJbCustBlockElement* except) const;
-  void RunPasses(const OdArray<int>& ids, CJbDbCustBlockGraphEvaluationContext* context,
-                 bool evaluateParameters);
   void UpdateCyclingOrder(int id);
 
   std::unique_ptr<CJbDbCustBlockGraphImpl> m_pImpl;

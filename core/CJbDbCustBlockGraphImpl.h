@@ -1,6 +1,5 @@
-// The data of an evaluation graph and the algorithms that only need that data: id allocation,
-// the work list of an evaluation, the evaluation order of a block definition and the copy of a
-// whole graph.
+// The data of an evaluation graph and the algorithms that only need that data: id allocation and
+// the copy of a whole graph. The walks of an evaluation mark the nodes they pass.
 #pragma once
 
 #include <map>
@@ -41,11 +40,8 @@ class CJbDbCustBlockGraphImpl {
 
   // The next free element id after the last one handed out, which it becomes.
   int AllocateId();
-  // Elements that asked to be evaluated, in ascending id order, followed by everything
-  // downstream of them, breadth first.
-  OdArray<int> BuildWorkList() const;
-  // `ids` ordered upstream first, then stably by priority, higher first.
-  OdArray<int> OrderForDefinition(const OdArray<int>& ids) const;
+  // A fresh mark value for a walk over the nodes, so that marks need no clearing between walks.
+  unsigned NextMark() const { return ++m_mark; }
 
   void Log(ChangeKind kind, int id) { m_changeLog.append(ChangeRecord{kind, id}); }
 
@@ -67,9 +63,6 @@ class CJbDbCustBlockGraphImpl {
   static CJbCustBlockElementPtr CopyNode(const CJbCustBlockElement* element,
                                          const CJbDbCustBlockGraph* sourceGraph,
                                          CJbDbCustBlockGraph* owner);
-
-  // A fresh mark value, so that marks need no clearing between walks.
-  unsigned NextMark() const { return ++m_mark; }
 
   mutable unsigned m_mark = 0;
 };

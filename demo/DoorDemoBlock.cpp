@@ -1,7 +1,5 @@
 #include "demo/DoorDemoBlock.h"
 
-#include <cmath>
-
 #include "actions/CJbCustBlockFlipAction.h"
 #include "actions/CJbCustBlockPolarStretchAction.h"
 #include "actions/CJbCustBlockRotateAction.h"
@@ -16,6 +14,7 @@
 #include "parameters/grips/CJbCustBlockPolarGrip.h"
 #include "parameters/grips/CJbCustBlockRotationGrip.h"
 #include "parameters/grips/CJbCustBlockVisibilityGrip.h"
+#include "platform/ge/OdGeConstants.h"
 
 namespace {
 // Points of the rotation parameter: the hinge, the leaf's tip as drawn, and the tip as turned.
@@ -56,7 +55,7 @@ DoorDemoBlock::Parts DoorDemoBlock::build(CJbCustBlockAuthor& author) const {
   parts.frame = author.AddRectangle(OdGePoint3d(0, -depth, 0), OdGePoint3d(width, 0, 0));
   OdDbObjectId leaf;
   if (m_options.leaf) leaf = author.AddLine(OdGePoint3d(0, 0, 0), OdGePoint3d(0, width, 0));
-  parts.swing = author.AddArc(OdGePoint3d::kOrigin, width, 0, std::acos(-1.0) / 2);
+  parts.swing = author.AddArc(OdGePoint3d::kOrigin, width, 0, OdGeConstants::kHalfPi);
   OdDbObjectId closedLeaf;
   if (m_options.look)
     closedLeaf = author.AddRectangle(OdGePoint3d(0, 0, 0), OdGePoint3d(width, 0.8 * depth, 0));

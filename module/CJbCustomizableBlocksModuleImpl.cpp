@@ -2,102 +2,42 @@
 
 #include <memory>
 
-#include "actions/CJbCustBlockAction.h"
-#include "actions/CJbCustBlockArrayAction.h"
-#include "actions/CJbCustBlockFlipAction.h"
-#include "actions/CJbCustBlockLookupAction.h"
-#include "actions/CJbCustBlockMoveAction.h"
-#include "actions/CJbCustBlockPolarStretchAction.h"
-#include "actions/CJbCustBlockRotateAction.h"
-#include "actions/CJbCustBlockScaleAction.h"
-#include "actions/CJbCustBlockStretchAction.h"
-#include "core/CJbCustBlockElement.h"
-#include "core/CJbCustBlockGraphReactor.h"
-#include "core/CJbCustBlockProxyElement.h"
-#include "core/CJbCustBlockSettingsElement.h"
-#include "core/CJbDbCustBlockGraph.h"
-#include "module/properties/CJbCustBlockPropertyTable.h"
-#include "parameters/CJbCustBlock2PointParameter.h"
-#include "parameters/CJbCustBlockAlignmentParameter.h"
-#include "parameters/CJbCustBlockBasePointParameter.h"
-#include "parameters/CJbCustBlockFlipParameter.h"
-#include "parameters/CJbCustBlockLinearParameter.h"
-#include "parameters/CJbCustBlockLookupParameter.h"
-#include "parameters/CJbCustBlockParameter.h"
-#include "parameters/CJbCustBlockPointParameter.h"
-#include "parameters/CJbCustBlockPolarParameter.h"
-#include "parameters/CJbCustBlockRotationParameter.h"
-#include "parameters/CJbCustBlockVisibilityParameter.h"
-#include "parameters/CJbCustBlockXYParameter.h"
-#include "parameters/grips/CJbCustBlockAlignmentGrip.h"
-#include "parameters/grips/CJbCustBlockBaseGrip.h"
-#include "parameters/grips/CJbCustBlockFlipGrip.h"
-#include "parameters/grips/CJbCustBlockGrip.h"
-#include "parameters/grips/CJbCustBlockLinearGrip.h"
-#include "parameters/grips/CJbCustBlockLookupGrip.h"
-#include "parameters/grips/CJbCustBlockPolarGrip.h"
-#include "parameters/grips/CJbCustBlockRotationGrip.h"
-#include "parameters/grips/CJbCustBlockVisibilityGrip.h"
-#include "parameters/grips/CJbCustBlockXYGrip.h"
+#include "module/utilities/CJbCustBlockActionUtilsPE.h"
+#include "module/utilities/CJbCustBlockGripUtilsPE.h"
+#include "module/utilities/CJbCustBlockParameterUtilsPE.h"
 #include "platform/db/entities/OdDbBlockReference.h"
 #include "platform/host/CJbDraggingPreview.h"
 #include "platform/host/OdEdCommandStack.h"
 #include "platform/rx/OdRxClass.h"
-#include "platform/rx/OdRxClassRegistration.h"
-#include "storage/CJbBlockInstanceGripPoints.h"
-#include "storage/CJbCustBlockDeepCloneReactor.h"
-#include "storage/CJbDbCustBlockStorage.h"
 
 namespace {
-// Parents before children: the bases, the parameter kinds, the actions, the grips, then the
-// database objects and the reactor that work on them.
-const OdRxClassRegistration kClassOrder[] = {
-    odrxClassRegistration<CJbCustBlockElement>(),
-    odrxClassRegistration<CJbCustBlockProxyElement>(),
-    odrxClassRegistration<CJbCustBlockSettingsElement>(),
-    odrxClassRegistration<CJbCustBlockParameter>(),
-    odrxClassRegistration<CJbCustBlock2PointParameter>(),
-    odrxClassRegistration<CJbCustBlockAction>(),
-    odrxClassRegistration<CJbCustBlockGrip>(),
-    odrxClassRegistration<CJbCustBlockPointParameter>(),
-    odrxClassRegistration<CJbCustBlockLinearParameter>(),
-    odrxClassRegistration<CJbCustBlockRotationParameter>(),
-    odrxClassRegistration<CJbCustBlockPolarParameter>(),
-    odrxClassRegistration<CJbCustBlockXYParameter>(),
-    odrxClassRegistration<CJbCustBlockFlipParameter>(),
-    odrxClassRegistration<CJbCustBlockVisibilityParameter>(),
-    odrxClassRegistration<CJbCustBlockLookupParameter>(),
-    odrxClassRegistration<CJbCustBlockBasePointParameter>(),
-    odrxClassRegistration<CJbCustBlockAlignmentParameter>(),
-    odrxClassRegistration<CJbCustBlockMoveAction>(),
-    odrxClassRegistration<CJbCustBlockStretchAction>(),
-    odrxClassRegistration<CJbCustBlockScaleAction>(),
-    odrxClassRegistration<CJbCustBlockRotateAction>(),
-    odrxClassRegistration<CJbCustBlockPolarStretchAction>(),
-    odrxClassRegistration<CJbCustBlockArrayAction>(),
-    odrxClassRegistration<CJbCustBlockFlipAction>(),
-    odrxClassRegistration<CJbCustBlockLookupAction>(),
-    odrxClassRegistration<CJbCustBlockBaseGrip>(),
-    odrxClassRegistration<CJbCustBlockPolarGrip>(),
-    odrxClassRegistration<CJbCustBlockXYGrip>(),
-    odrxClassRegistration<CJbCustBlockLinearGrip>(),
-    odrxClassRegistration<CJbCustBlockRotationGrip>(),
-    odrxClassRegistration<CJbCustBlockFlipGrip>(),
-    odrxClassRegistration<CJbCustBlockVisibilityGrip>(),
-    odrxClassRegistration<CJbCustBlockLookupGrip>(),
-    odrxClassRegistration<CJbCustBlockAlignmentGrip>(),
-    odrxClassRegistration<CJbDbCustBlockGraph>(),
-    odrxClassRegistration<CJbDbCustBlockStorage>(),
-    odrxClassRegistration<CJbCustBlockGraphReactor>(),
-    odrxClassRegistration<CJbCustBlockDeepCloneReactor>(),
-    odrxClassRegistration<CJbBlockInstanceGripPoints>(),
-};
+// The editing utilities of a kind row; null for a row of no kind.
+std::unique_ptr<CJbCustBlockKindUtilsPE> utilitiesOf(const CJbCustBlockKindRow& row) {
+  if (!row.displayName) return nullptr;
+  switch (row.family) {
+    case CJbCustBlockKindRow::Family::kParameter:
+      return std::make_unique<OdStaticRxObject<CJbCustBlockParameterUtilsPE>>(row);
+    case CJbCustBlockKindRow::Family::kAction:
+      return std::make_unique<OdStaticRxObject<CJbCustBlockActionUtilsPE>>(row);
+    case CJbCustBlockKindRow::Family::kGrip:
+      return std::make_unique<OdStaticRxObject<CJbCustBlockGripUtilsPE>>(row);
+    case CJbCustBlockKindRow::Family::kOther:
+      break;
+  }
+  return nullptr;
+}
 }  // namespace
 
-CJbCustomizableBlocksModuleImpl::CJbCustomizableBlocksModuleImpl() {
-  for (CJbCustBlockPropertyTable::Entry& entry : CJbCustBlockPropertyTable::Entries()) {
-    m_properties.push_back(std::make_unique<OdStaticRxObject<CJbPropertyPEImpl>>(
-        entry.kind, std::move(entry.properties)));
+CJbCustomizableBlocksModuleImpl::CJbCustomizableBlocksModuleImpl(
+    const CJbCustBlockKindTable& classes)
+    : m_classes(classes) {
+  for (const CJbCustBlockKindRow& row : m_classes) {
+    if (std::unique_ptr<CJbCustBlockKindUtilsPE> utilities = utilitiesOf(row))
+      m_kindUtilities.push_back(std::move(utilities));
+    if (row.properties) {
+      m_properties.push_back(
+          std::make_unique<OdStaticRxObject<CJbPropertyPEImpl>>(row.cls.desc, row.properties()));
+    }
   }
 }
 
@@ -143,8 +83,8 @@ void CJbCustomizableBlocksModuleImpl::AddDraggingPreviewFactory() {
 }
 
 void CJbCustomizableBlocksModuleImpl::RegisterClasses() {
-  for (const OdRxClassRegistration& entry : kClassOrder)
-    Step(entry.init, entry.uninit);
+  for (const CJbCustBlockKindRow& row : m_classes)
+    Step(row.cls.init, row.cls.uninit);
 }
 
 void CJbCustomizableBlocksModuleImpl::AttachDeepCloneReactor() {
@@ -165,22 +105,10 @@ void CJbCustomizableBlocksModuleImpl::AttachExtension(OdRxClass* cls, OdRxClass*
 }
 
 void CJbCustomizableBlocksModuleImpl::AttachUtilities() {
-  CJbCustBlockKindUtilsPE* const ordered[] = {
-      &m_proxyElementUtilsPE,       &m_pointParameterUtilsPE,
-      &m_linearParameterUtilsPE,    &m_rotationParameterUtilsPE,
-      &m_polarParameterUtilsPE,     &m_xYParameterUtilsPE,
-      &m_flipParameterUtilsPE,      &m_visibilityParameterUtilsPE,
-      &m_lookupParameterUtilsPE,    &m_basePointParameterUtilsPE,
-      &m_alignmentParameterUtilsPE, &m_moveActionUtilsPE,
-      &m_stretchActionUtilsPE,      &m_scaleActionUtilsPE,
-      &m_rotateActionUtilsPE,       &m_polarStretchActionUtilsPE,
-      &m_arrayActionUtilsPE,        &m_flipActionUtilsPE,
-      &m_lookupActionUtilsPE,       &m_baseGripUtilsPE,
-      &m_polarGripUtilsPE,          &m_xYGripUtilsPE,
-      &m_linearGripUtilsPE,         &m_rotationGripUtilsPE,
-      &m_flipGripUtilsPE,           &m_visibilityGripUtilsPE,
-      &m_lookupGripUtilsPE,         &m_alignmentGripUtilsPE,
-      &m_dbCustBlockGraphUtilsPE};
+  std::vector<CJbCustBlockKindUtilsPE*> ordered = {&m_proxyElementUtilsPE};
+  for (const auto& utilities : m_kindUtilities)
+    ordered.push_back(utilities.get());
+  ordered.push_back(&m_dbCustBlockGraphUtilsPE);
   for (CJbCustBlockKindUtilsPE* utilities : ordered)
     AttachExtension(utilities->GetKindClass(), CJbCustBlockElementUtilsPE::desc(), utilities);
 }

@@ -9,6 +9,7 @@
 #include "adoption/CJbOutsideBlockConverterUtils.h"
 #include "adoption/CJbOutsideDefinitionLookup.h"
 #include "module/CJbCustBlockDraggingPreviewFactory.h"
+#include "module/CJbCustBlockModuleClasses.h"
 #include "module/commands/CJbCommandBAction.h"
 #include "module/commands/CJbCommandBActionBar.h"
 #include "module/commands/CJbCommandBActionBarDelete.h"
@@ -27,34 +28,8 @@
 #include "module/commands/CJbQtCommandBVState.h"
 #include "module/gripPoints/CJbBlockRefGripPointsPEProxy.h"
 #include "module/properties/CJbPropertyPEImpl.h"
-#include "module/utilities/CJbCustBlockAlignmentGripUtilsPE.h"
-#include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
-#include "module/utilities/CJbCustBlockArrayActionUtilsPE.h"
-#include "module/utilities/CJbCustBlockBaseGripUtilsPE.h"
-#include "module/utilities/CJbCustBlockBasePointParameterUtilsPE.h"
-#include "module/utilities/CJbCustBlockFlipActionUtilsPE.h"
-#include "module/utilities/CJbCustBlockFlipGripUtilsPE.h"
-#include "module/utilities/CJbCustBlockFlipParameterUtilsPE.h"
-#include "module/utilities/CJbCustBlockLinearGripUtilsPE.h"
-#include "module/utilities/CJbCustBlockLinearParameterUtilsPE.h"
-#include "module/utilities/CJbCustBlockLookupActionUtilsPE.h"
-#include "module/utilities/CJbCustBlockLookupGripUtilsPE.h"
-#include "module/utilities/CJbCustBlockLookupParameterUtilsPE.h"
-#include "module/utilities/CJbCustBlockMoveActionUtilsPE.h"
-#include "module/utilities/CJbCustBlockPointParameterUtilsPE.h"
-#include "module/utilities/CJbCustBlockPolarGripUtilsPE.h"
-#include "module/utilities/CJbCustBlockPolarParameterUtilsPE.h"
-#include "module/utilities/CJbCustBlockPolarStretchActionUtilsPE.h"
+#include "module/utilities/CJbCustBlockKindUtilsPE.h"
 #include "module/utilities/CJbCustBlockProxyElementUtilsPE.h"
-#include "module/utilities/CJbCustBlockRotateActionUtilsPE.h"
-#include "module/utilities/CJbCustBlockRotationGripUtilsPE.h"
-#include "module/utilities/CJbCustBlockRotationParameterUtilsPE.h"
-#include "module/utilities/CJbCustBlockScaleActionUtilsPE.h"
-#include "module/utilities/CJbCustBlockStretchActionUtilsPE.h"
-#include "module/utilities/CJbCustBlockVisibilityGripUtilsPE.h"
-#include "module/utilities/CJbCustBlockVisibilityParameterUtilsPE.h"
-#include "module/utilities/CJbCustBlockXYGripUtilsPE.h"
-#include "module/utilities/CJbCustBlockXYParameterUtilsPE.h"
 #include "module/utilities/CJbDbCustBlockGraphUtilsPE.h"
 #include "platform/rx/OdRxObject.h"
 #include "storage/CJbBlockInstanceGripPoints.h"
@@ -62,7 +37,10 @@
 
 class CJbCustomizableBlocksModuleImpl {
  public:
-  CJbCustomizableBlocksModuleImpl();
+  // A module of the classes of `classes`, in that order; its kinds' rows give the utilities and
+  // palette extensions the module attaches.
+  explicit CJbCustomizableBlocksModuleImpl(
+      const CJbCustBlockKindTable& classes = CJbCustBlockModuleClasses::Table());
   ~CJbCustomizableBlocksModuleImpl();
   CJbCustomizableBlocksModuleImpl(const CJbCustomizableBlocksModuleImpl&) = delete;
   CJbCustomizableBlocksModuleImpl& operator=(const CJbCustomizableBlocksModuleImpl&) = delete;
@@ -87,38 +65,13 @@ class CJbCustomizableBlocksModuleImpl {
 
   OdStaticRxObject<CJbCustBlockDraggingPreviewFactory> m_draggingPreviewFactory;
   OdStaticRxObject<CJbCustBlockDeepCloneReactor> m_deepCloneReactor;
-  // Utilities of the proxy, the parameters, the actions, the grips and the graph, in that order.
+  const CJbCustBlockKindTable m_classes;
+  // Utilities of the proxy, the kinds (parameters, actions, grips) and the graph, in that order.
   OdStaticRxObject<CJbCustBlockProxyElementUtilsPE> m_proxyElementUtilsPE;
-  OdStaticRxObject<CJbCustBlockPointParameterUtilsPE> m_pointParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockLinearParameterUtilsPE> m_linearParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockRotationParameterUtilsPE> m_rotationParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockPolarParameterUtilsPE> m_polarParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockXYParameterUtilsPE> m_xYParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockFlipParameterUtilsPE> m_flipParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockVisibilityParameterUtilsPE> m_visibilityParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockLookupParameterUtilsPE> m_lookupParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockBasePointParameterUtilsPE> m_basePointParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockAlignmentParameterUtilsPE> m_alignmentParameterUtilsPE;
-  OdStaticRxObject<CJbCustBlockMoveActionUtilsPE> m_moveActionUtilsPE;
-  OdStaticRxObject<CJbCustBlockStretchActionUtilsPE> m_stretchActionUtilsPE;
-  OdStaticRxObject<CJbCustBlockScaleActionUtilsPE> m_scaleActionUtilsPE;
-  OdStaticRxObject<CJbCustBlockRotateActionUtilsPE> m_rotateActionUtilsPE;
-  OdStaticRxObject<CJbCustBlockPolarStretchActionUtilsPE> m_polarStretchActionUtilsPE;
-  OdStaticRxObject<CJbCustBlockArrayActionUtilsPE> m_arrayActionUtilsPE;
-  OdStaticRxObject<CJbCustBlockFlipActionUtilsPE> m_flipActionUtilsPE;
-  OdStaticRxObject<CJbCustBlockLookupActionUtilsPE> m_lookupActionUtilsPE;
-  OdStaticRxObject<CJbCustBlockBaseGripUtilsPE> m_baseGripUtilsPE;
-  OdStaticRxObject<CJbCustBlockPolarGripUtilsPE> m_polarGripUtilsPE;
-  OdStaticRxObject<CJbCustBlockXYGripUtilsPE> m_xYGripUtilsPE;
-  OdStaticRxObject<CJbCustBlockLinearGripUtilsPE> m_linearGripUtilsPE;
-  OdStaticRxObject<CJbCustBlockRotationGripUtilsPE> m_rotationGripUtilsPE;
-  OdStaticRxObject<CJbCustBlockFlipGripUtilsPE> m_flipGripUtilsPE;
-  OdStaticRxObject<CJbCustBlockVisibilityGripUtilsPE> m_visibilityGripUtilsPE;
-  OdStaticRxObject<CJbCustBlockLookupGripUtilsPE> m_lookupGripUtilsPE;
-  OdStaticRxObject<CJbCustBlockAlignmentGripUtilsPE> m_alignmentGripUtilsPE;
+  std::vector<std::unique_ptr<CJbCustBlockKindUtilsPE>> m_kindUtilities;
   OdStaticRxObject<CJbDbCustBlockGraphUtilsPE> m_dbCustBlockGraphUtilsPE;
   // One properties-palette extension per property-bearing class, in registration order.
-  std::vector<std::unique_ptr<OdStaticRxObject<CJbPropertyPEImpl>>> m_properties;
+  std::vector<std::unique_ptr<CJbPropertyPEImpl>> m_properties;
   // Grip points of block references: the host's protocol and the platform's.
   OdStaticRxObject<CJbBlockInstanceGripPoints> m_blockInstanceGripPoints;
   OdStaticRxObject<CJbBlockRefGripPointsPEProxy> m_blockRefGripPoints;

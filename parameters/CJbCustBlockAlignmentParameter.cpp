@@ -13,6 +13,7 @@
 #include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/ge/OdGeAngle.h"
+#include "platform/ge/OdGeConstants.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
@@ -48,7 +49,7 @@ bool roundTangent(const OdGePoint3d& center, double radius, const OdGeVector3d& 
 bool onArcSweep(const OdDbArc& arc, const OdGePoint3d& point) {
   const OdGeVector3d radial = point - arc.center();
   double angle = std::atan2(radial.y, radial.x);
-  if (arc.normal().z < 0.0) angle = OdGeAngle::kPi - angle;
+  if (arc.normal().z < 0.0) angle = OdGeConstants::kPi - angle;
   const double sweep = OdGeAngle::normalize(arc.endAngle() - arc.startAngle());
   return OdGeAngle::normalize(angle - arc.startAngle()) <= sweep + kTol / arc.radius();
 }
@@ -104,9 +105,10 @@ bool CJbCustBlockAlignmentParameter::Align(const OdDbObjectId& referenceId) cons
   if (impl.m_perpendicular) tangent = OdGeVector3d::kZAxis.crossProduct(tangent);
   // Either sense of the geometry will do: the smaller turn wins.
   double angle = direction.angleTo(tangent, OdGeVector3d::kZAxis);
-  if (angle > OdGeAngle::kHalfPi && angle < 3 * OdGeAngle::kHalfPi) angle -= OdGeAngle::kPi;
-  if (angle > OdGeAngle::kPi) angle -= OdGeAngle::k2Pi;
-  if (std::fabs(angle) <= OdGeAngle::kTolerance) return true;
+  if (angle > OdGeConstants::kHalfPi && angle < 3 * OdGeConstants::kHalfPi)
+    angle -= OdGeConstants::kPi;
+  if (angle > OdGeConstants::kPi) angle -= OdGeConstants::k2Pi;
+  if (std::fabs(angle) <= OdGeConstants::kTolerance) return true;
   reference->upgradeOpen();
   reference->transformBy(OdGeMatrix3d::rotation(angle, OdGeVector3d::kZAxis, base));
   return true;

@@ -4,7 +4,7 @@
 #include "parameters/CJbCustBlockFlipParameterImpl.h"
 #include "parameters/grips/CJbCustBlockFlipGrip.h"
 #include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/ge/OdGeAngle.h"
+#include "platform/ge/OdGeConstants.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
@@ -65,7 +65,7 @@ void CJbCustBlockFlipParameter::TurnGrip(CJbCustBlockFlipGrip& grip) const {
   const OdGeVector3d line = lineDirection(impl.m_points[0].updated, impl.m_points[1].updated);
   const double quarterTurns = impl.m_currentFlipped ? 3.0 : 1.0;
   grip.SetCurrentDirection(
-      OdGeVector3d(line).rotateBy(quarterTurns * OdGeAngle::kHalfPi, OdGeVector3d::kZAxis));
+      OdGeVector3d(line).rotateBy(quarterTurns * OdGeConstants::kHalfPi, OdGeVector3d::kZAxis));
   // The authored offset turns with the line, then takes the mirror.
   const OdGeVector3d definedLine =
       lineDirection(impl.m_points[0].defined, impl.m_points[1].defined);

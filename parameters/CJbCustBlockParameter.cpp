@@ -10,23 +10,15 @@
 #include "parameters/CJbCustBlockParameterPointBinding.h"
 #include "parameters/grips/CJbCustBlockGrip.h"
 #include "platform/db/filers/OdDbDwgFiler.h"
+#include "platform/ge/OdGeConstants.h"
 #include "platform/ge/OdGeMatrix3d.h"
 #include "platform/host/CJbTranslator.h"
 #include "platform/rx/OdRxClass.h"
-#include "platform/rx/OdRxClassDictionary.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS_NAMED(CJbCustBlockParameter, "JbCustBlockParameter",
                                   CJbCustBlockElement)
 
 namespace {
-constexpr double kValueTol = 1e-10;
-
-// Actions live in a layer above; they are known by their registered name.
-bool isAction(const CJbCustBlockElement* element) {
-  const OdRxClass* actionClass = OdRxClassDictionary::instance().getAt("JbCustBlockAction");
-  return element && actionClass && element->isKindOf(actionClass);
-}
-
 CJbCustBlockGrip* asGrip(const CJbCustBlockElementPtr& node) {
   return node.isNull() || !node->isKindOf(CJbCustBlockGrip::desc())
              ? nullptr
@@ -59,7 +51,7 @@ bool CJbCustBlockParameter::IsEqualValue(const OdResBuf* a, const OdResBuf* b) {
   if (type != kind(b->restype())) return false;
   switch (type) {
     case OdResBuf::kRtDouble:
-      return std::fabs(a->getDouble() - b->getDouble()) <= kValueTol;
+      return std::fabs(a->getDouble() - b->getDouble()) <= OdGeConstants::kTolerance;
     case OdResBuf::kRtString:
       // Kept inverted: kinds with string values do not rely on this rule.
       return !a->getString().iEquals(b->getString());
@@ -292,7 +284,8 @@ bool CJbCustBlockParameter::IsGripVisible(unsigned index, bool checkVisibility) 
   const CJbCustBlockParameterImpl& impl = *ParameterImpl();
   for (int actionId : GetConnectedActions()) {
     const CJbCustBlockElementPtr action = impl.m_graph->GetNode(actionId);
-    const auto* binding = dynamic_cast<const CJbCustBlockParameterPointBinding*>(action.get());
+    const CJbCustBlockParameterPointBinding* binding =
+        CJbCustBlockParameterPointBinding::Of(action.get());
     if (impl.m_points.size() < 2 || !binding || !binding->HasParameterPointIndex() ||
         binding->GetParameterPointIndex() == index)
       return true;
@@ -378,7 +371,8 @@ OdArray<int> CJbCustBlockParameter::GetConnectedActions() const {
   const CJbDbCustBlockGraph* graph = ParameterImpl()->m_graph;
   if (!graph) return actions;
   for (int id : connected) {
-    if (!actions.contains(id) && isAction(graph->GetNode(id).get())) actions.append(id);
+    if (!actions.contains(id) && CJbCustBlockParameterPointBinding::Of(graph->GetNode(id).get()))
+      actions.append(id);
   }
   return actions;
 }

@@ -4,11 +4,12 @@
 #pragma once
 
 #include "core/CJbCustBlockElement.h"
+#include "core/CJbCustBlockGraphParameter.h"
 
 class CJbCustBlockParameterImpl;
 class CJbCustBlockParameterValueInfo;
 
-class CJbCustBlockParameter : public CJbCustBlockElement {
+class CJbCustBlockParameter : public CJbCustBlockElement, public CJbCustBlockGraphParameter {
   ODRX_DECLARE_MEMBERS(CJbCustBlockParameter);
 
  public:
@@ -64,7 +65,8 @@ class CJbCustBlockParameter : public CJbCustBlockElement {
   virtual bool IsPropertyVisible() const;
   virtual void SetPropertyVisible(bool visible);
   virtual bool IsPropertyEnabled() const;
-  // Connected elements that are actions, in connection order.
+  // Connected elements that are actions (that bind to the parameter's points), in connection
+  // order.
   virtual OdArray<int> GetConnectedActions() const;
 
   unsigned GetPointCount() const;

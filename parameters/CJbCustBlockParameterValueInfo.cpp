@@ -11,28 +11,28 @@
 #include "parameters/CJbCustBlockParameterValueInfoImpl.h"
 #include "platform/base/OdError.h"
 #include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/ge/OdGeAngle.h"
+#include "platform/ge/OdGeConstants.h"
 #include "platform/host/CJbTranslator.h"
 
 namespace {
-constexpr double kTol = 1e-10;
-constexpr double k2Pi = OdGeAngle::k2Pi;
 
 double normalizeAngle(double value) {
   if (!std::isfinite(value)) return value;
-  if (std::fabs(value) > 4.0 * k2Pi) value = std::fmod(value, k2Pi);
-  while (value < -kTol)
-    value += k2Pi;
-  while (value - kTol > k2Pi)
-    value -= k2Pi;
-  if (std::fabs(value) <= kTol || std::fabs(value - k2Pi) <= kTol) value = 0.0;
+  if (std::fabs(value) > 4.0 * OdGeConstants::k2Pi) value = std::fmod(value, OdGeConstants::k2Pi);
+  while (value < -OdGeConstants::kTolerance)
+    value += OdGeConstants::k2Pi;
+  while (value - OdGeConstants::kTolerance > OdGeConstants::k2Pi)
+    value -= OdGeConstants::k2Pi;
+  if (std::fabs(value) <= OdGeConstants::kTolerance ||
+      std::fabs(value - OdGeConstants::k2Pi) <= OdGeConstants::kTolerance)
+    value = 0.0;
   return value;
 }
 
 double distance(double a, double b, bool angle) {
   if (!angle) return std::fabs(a - b);
   const double d = std::fabs(normalizeAngle(a) - normalizeAngle(b));
-  return d - kTol > OdGeAngle::kPi ? k2Pi - d : d;
+  return d - OdGeConstants::kTolerance > OdGeConstants::kPi ? OdGeConstants::k2Pi - d : d;
 }
 
 // An angle range runs counter-clockwise from minimum to maximum and may wrap through 0.
@@ -41,10 +41,11 @@ bool inRange(double value, double minimum, double maximum, bool angle) {
     minimum = normalizeAngle(minimum);
     maximum = normalizeAngle(maximum);
     value = normalizeAngle(value);
-    if (minimum + kTol >= maximum) maximum += k2Pi;
-    if (minimum - kTol > value) value += k2Pi;
+    if (minimum + OdGeConstants::kTolerance >= maximum) maximum += OdGeConstants::k2Pi;
+    if (minimum - OdGeConstants::kTolerance > value) value += OdGeConstants::k2Pi;
   }
-  return value + kTol >= minimum && maximum + kTol >= value;
+  return value + OdGeConstants::kTolerance >= minimum &&
+         maximum + OdGeConstants::kTolerance >= value;
 }
 
 // Half away from zero.
@@ -174,7 +175,7 @@ bool CJbCustBlockParameterValueInfo::DefinitionValue(CJbCustBlockParameter* para
 void CJbCustBlockParameterValueInfo::RemoveFromList(double value) {
   OdArray<double>& list = m_pImpl->m_list;
   for (unsigned i = list.length(); i-- > 0;) {
-    if (std::fabs(list[i] - value) <= kTol) list.removeAt(i);
+    if (std::fabs(list[i] - value) <= OdGeConstants::kTolerance) list.removeAt(i);
   }
 }
 
@@ -191,8 +192,9 @@ void CJbCustBlockParameterValueInfo::SetIncrement(double step, CJbCustBlockParam
   m_pImpl->m_limitType = kIncrement;
   double definition = 0.0;
   if (DefinitionValue(parameter, definition)) RemoveFromList(definition);
-  if (step < -kTol) step = -step;
-  if (IsAngle() && step - kTol > k2Pi) step = k2Pi;
+  if (step < -OdGeConstants::kTolerance) step = -step;
+  if (IsAngle() && step - OdGeConstants::kTolerance > OdGeConstants::k2Pi)
+    step = OdGeConstants::k2Pi;
   m_pImpl->m_increment = step;
 }
 
@@ -200,7 +202,7 @@ void CJbCustBlockParameterValueInfo::SetMinimum(double value, CJbCustBlockParame
   if (!UseValueSet() || m_pImpl->m_limitType == kList || !std::isfinite(value)) return;
   double definition = 0.0;
   if (DefinitionValue(parameter, definition)) {
-    if (!IsAngle() && value - kTol > definition) value = definition;
+    if (!IsAngle() && value - OdGeConstants::kTolerance > definition) value = definition;
     if (IsAngle() && m_pImpl->m_hasMaximum &&
         !inRange(definition, m_pImpl->m_minimum, m_pImpl->m_maximum, true))
       value = definition;
@@ -234,8 +236,9 @@ void CJbCustBlockParameterValueInfo::SetList(const OdArray<double>& values,
   }
   double definition = 0.0;
   if (DefinitionValue(parameter, definition) &&
-      std::none_of(list.begin(), list.end(),
-                   [&](double value) { return std::fabs(value - definition) <= kTol; }))
+      std::none_of(list.begin(), list.end(), [&](double value) {
+        return std::fabs(value - definition) <= OdGeConstants::kTolerance;
+      }))
     list.push_back(definition);
   if (IsAngle()) {
     for (double& value : list)
@@ -258,7 +261,7 @@ double CJbCustBlockParameterValueInfo::GetClosestValue(double value,
     double closest = value;
     for (double entry : impl.m_list) {
       const double d = distance(entry, value, angle);
-      if (d < best - kTol) {
+      if (d < best - OdGeConstants::kTolerance) {
         best = d;
         closest = entry;
       }
@@ -269,29 +272,34 @@ double CJbCustBlockParameterValueInfo::GetClosestValue(double value,
   const double minimum = impl.m_minimum;
   const double maximum = impl.m_maximum;
   if (impl.m_hasMaximum && !inRange(value, minimum, maximum, angle))
-    return distance(maximum, value, angle) + kTol < distance(minimum, value, angle) ? maximum
-                                                                                    : minimum;
-  if (!angle && value < minimum - kTol) value = minimum;
+    return distance(maximum, value, angle) + OdGeConstants::kTolerance <
+                   distance(minimum, value, angle)
+               ? maximum
+               : minimum;
+  if (!angle && value < minimum - OdGeConstants::kTolerance) value = minimum;
   if (impl.m_limitType == kNone) return value;
 
   double base = 0.0;
   const double step = impl.m_increment;
-  if (!DefinitionValue(parameter, base) || std::fabs(step) <= kTol) return value;
+  if (!DefinitionValue(parameter, base) || std::fabs(step) <= OdGeConstants::kTolerance)
+    return value;
   int steps = roundSteps(distance(value, base, angle) / step);
   if (distance(base - steps * step, value, angle) <
-      distance(base + steps * step, value, angle) - kTol)
+      distance(base + steps * step, value, angle) - OdGeConstants::kTolerance)
     steps = -steps;
   double candidate = base + steps * step;
   if (impl.m_hasMaximum && !inRange(candidate, minimum, maximum, angle))
-    candidate = distance(candidate, minimum, angle) <= distance(candidate, maximum, angle) + kTol
+    candidate = distance(candidate, minimum, angle) <=
+                        distance(candidate, maximum, angle) + OdGeConstants::kTolerance
                     ? minimum
                     : maximum;
-  else if (!angle && candidate < minimum - kTol)
+  else if (!angle && candidate < minimum - OdGeConstants::kTolerance)
     candidate = minimum;
-  if (distance(value, minimum, angle) < distance(value, candidate, angle) - kTol)
+  if (distance(value, minimum, angle) <
+      distance(value, candidate, angle) - OdGeConstants::kTolerance)
     candidate = minimum;
-  if (impl.m_hasMaximum &&
-      distance(value, maximum, angle) < distance(value, candidate, angle) - kTol)
+  if (impl.m_hasMaximum && distance(value, maximum, angle) <
+                               distance(value, candidate, angle) - OdGeConstants::kTolerance)
     candidate = maximum;
   return angle ? normalizeAngle(candidate) : candidate;
 }

@@ -19,9 +19,10 @@
 #include "platform/db/entities/OdDbSpline.h"
 #include "platform/ge/ArcGeometry.h"
 #include "platform/ge/NurbsCurve.h"
+#include "platform/ge/OdGeConstants.h"
 
 namespace {
-constexpr double kTwoPi = 6.283185307179586;
+constexpr double kTwoPi = OdGeConstants::k2Pi;
 constexpr int kMaxSegments = 4096;
 
 // The counter-clockwise sweep from start to end, a full turn when they coincide.

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/db/OdRxEvent.h"
+#include "platform/db/cloning/OdRxEvent.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/host/CJbConstraintUtils.h"
 #include "platform/host/CJbSystemServices.h"

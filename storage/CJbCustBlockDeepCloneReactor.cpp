@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "platform/db/OdRxEvent.h"
+#include "platform/db/cloning/OdRxEvent.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/rx/OdRxClass.h"
 #include "storage/CJbCustBlockObjectAccess.h"

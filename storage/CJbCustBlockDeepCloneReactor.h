@@ -5,8 +5,8 @@
 // not clone operations of the user and are left alone.
 #pragma once
 
-#include "platform/db/OdRxEventReactor.h"
 #include "platform/db/cloning/OdDbIdMapping.h"
+#include "platform/db/cloning/OdRxEventReactor.h"
 
 class CJbCustBlockDeepCloneReactor : public OdRxEventReactor {
   ODRX_DECLARE_MEMBERS(CJbCustBlockDeepCloneReactor);

@@ -1,5 +1,5 @@
-// The data of the block storage: one entry per customizable block, ordered by block id, and two
-// reserved integers that are filed but not interpreted. It files itself after the storage
+// The data of the block storage: one entry per customizable block, ordered by the block's handle,
+// and two reserved integers that are filed but not interpreted. It files itself after the storage
 // object's common data.
 #pragma once
 
@@ -25,7 +25,14 @@ struct CustBlockStorageEntry {
 
 class CJbDbCustBlockStorageImpl {
  public:
-  using EntryMap = std::map<OdDbObjectId, CustBlockStorageEntry>;
+  // By handle, not by the ids' places in memory: a drawing read and saved again lists its
+  // entries as before, and every run files them alike.
+  struct ByHandle {
+    bool operator()(const OdDbObjectId& a, const OdDbObjectId& b) const {
+      return a.getHandle() < b.getHandle();
+    }
+  };
+  using EntryMap = std::map<OdDbObjectId, CustBlockStorageEntry, ByHandle>;
 
   const CustBlockStorageEntry* Find(const OdDbObjectId& blockId) const;
   CustBlockStorageEntry* Find(const OdDbObjectId& blockId);

@@ -2,11 +2,22 @@
 
 #include <utility>
 
+#include "platform/rx/OdRxClass.h"
+
 CJbPropertyPEImpl::CJbPropertyPEImpl(ClassGetter kind, OdArray<CJbCustBlockProperty> properties)
     : m_kind(kind), m_properties(std::move(properties)) {}
 
+CJbPropertyBasePtr CJbPropertyPEImpl::Inherited() const {
+  const OdRxClass* kind = GetKindClass();
+  const OdRxClass* parent = kind ? kind->myParent() : nullptr;
+  return parent ? CJbPropertyBase::cast(parent->getX(CJbPropertyBase::desc()).get())
+                : CJbPropertyBasePtr();
+}
+
 OdArray<CJbPropertyBase::Property> CJbPropertyPEImpl::GetProperties() const {
-  OdArray<Property> properties;
+  const CJbPropertyBasePtr inherited = Inherited();
+  OdArray<Property> properties =
+      inherited.isNull() ? OdArray<Property>() : inherited->GetProperties();
   for (const CJbCustBlockProperty& property : m_properties)
     properties.append(Property{property.name, property.valueType, !property.set});
   return properties;
@@ -21,7 +32,11 @@ const CJbCustBlockProperty* CJbPropertyPEImpl::Find(const OdString& name) const 
 OdResBufPtr CJbPropertyPEImpl::GetPropertyValue(const OdRxObject* object,
                                                 const OdString& name) const {
   const CJbCustBlockProperty* property = Find(name);
-  return property && object ? property->get(object) : OdResBufPtr();
+  if (!property) {
+    const CJbPropertyBasePtr inherited = Inherited();
+    return inherited.isNull() ? OdResBufPtr() : inherited->GetPropertyValue(object, name);
+  }
+  return object ? property->get(object) : OdResBufPtr();
 }
 
 namespace {
@@ -33,7 +48,11 @@ bool isReal(int type) {
 bool CJbPropertyPEImpl::SetPropertyValue(OdRxObject* object, const OdString& name,
                                          const OdResBuf* value) const {
   const CJbCustBlockProperty* property = Find(name);
-  if (!property || !property->set || !object || !value) return false;
+  if (!property) {
+    const CJbPropertyBasePtr inherited = Inherited();
+    return !inherited.isNull() && inherited->SetPropertyValue(object, name, value);
+  }
+  if (!property->set || !object || !value) return false;
   const int type = value->restype();
   if (type == property->valueType) return property->set(object, *value);
   if (!isReal(type) || !isReal(property->valueType)) return false;

@@ -1,8 +1,9 @@
-// The properties-palette extension of one class of the module: its list of properties, parents'
-// properties first, read and written through the object's own accessors.
+// The properties-palette extension of one class of the module: the properties of the nearest
+// ancestor class that has an extension, then the ones this class adds, read and written through
+// the object's own accessors.
 #pragma once
 
-#include "module/properties/CJbCustBlockProperty.h"
+#include "core/CJbCustBlockProperty.h"
 #include "platform/host/CJbPropertyBase.h"
 
 class OdRxClass;
@@ -24,6 +25,9 @@ class CJbPropertyPEImpl : public CJbPropertyBase {
 
  private:
   const CJbCustBlockProperty* Find(const OdString& name) const;
+  // The extension of the nearest ancestor class that has one, which serves the inherited
+  // properties; null for a class without.
+  CJbPropertyBasePtr Inherited() const;
 
   ClassGetter m_kind;
   OdArray<CJbCustBlockProperty> m_properties;

@@ -5,9 +5,8 @@
 #include "parameters/CJbCustBlockParameter.h"
 #include "platform/rx/OdRxClassDictionary.h"
 
-CJbCustBlockActionUtilsPE::CJbCustBlockActionUtilsPE(ClassGetter kind, const char* displayName,
-                                                     const char* keyword)
-    : CJbCustBlockKindUtilsPE(kind, displayName, keyword) {}
+CJbCustBlockActionUtilsPE::CJbCustBlockActionUtilsPE(const CJbCustBlockKindRow& row)
+    : CJbCustBlockKindUtilsPE(row.cls.desc, row.displayName, row.keyword) {}
 
 OdArray<OdString> CJbCustBlockActionUtilsPE::GetPartnerKinds() const {
   OdArray<OdString> parameters;

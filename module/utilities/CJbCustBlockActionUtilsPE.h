@@ -1,11 +1,14 @@
-// Editing utilities shared by action kinds: the parameters an action accepts and a label naming
-// the parameter that drives it.
+// Editing utilities of an action kind, made from the kind's row: the parameters an action accepts
+// and a label naming the parameter that drives it.
 #pragma once
 
+#include "core/CJbCustBlockKindRow.h"
 #include "module/utilities/CJbCustBlockKindUtilsPE.h"
 
 class CJbCustBlockActionUtilsPE : public CJbCustBlockKindUtilsPE {
  public:
+  explicit CJbCustBlockActionUtilsPE(const CJbCustBlockKindRow& row);
+
   Family GetFamily() const override { return Family::kAction; }
   int GetValueType() const override { return 0; }
   OdString GetGripKind() const override { return OdString(); }
@@ -13,7 +16,4 @@ class CJbCustBlockActionUtilsPE : public CJbCustBlockKindUtilsPE {
   OdArray<OdString> GetPartnerKinds() const override;
   // "name ← parameter", or the name alone while no parameter drives it.
   OdString GetLabel(const OdRxObject* object) const override;
-
- protected:
-  CJbCustBlockActionUtilsPE(ClassGetter kind, const char* displayName, const char* keyword);
 };

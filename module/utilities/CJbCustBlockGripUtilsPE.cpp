@@ -5,9 +5,8 @@
 #include "parameters/grips/CJbCustBlockGrip.h"
 #include "platform/rx/OdRxClassDictionary.h"
 
-CJbCustBlockGripUtilsPE::CJbCustBlockGripUtilsPE(ClassGetter kind, const char* displayName,
-                                                 const char* keyword)
-    : CJbCustBlockKindUtilsPE(kind, displayName, keyword) {}
+CJbCustBlockGripUtilsPE::CJbCustBlockGripUtilsPE(const CJbCustBlockKindRow& row)
+    : CJbCustBlockKindUtilsPE(row.cls.desc, row.displayName, row.keyword) {}
 
 int CJbCustBlockGripUtilsPE::GetValueType() const {
   return OdResBuf::kRtPoint3d;

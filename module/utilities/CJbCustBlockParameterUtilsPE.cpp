@@ -5,13 +5,15 @@
 #include "parameters/CJbCustBlockParameter.h"
 #include "platform/rx/OdRxClassDictionary.h"
 
-CJbCustBlockParameterUtilsPE::CJbCustBlockParameterUtilsPE(ClassGetter kind,
-                                                           const char* displayName,
-                                                           const char* keyword, int valueType,
-                                                           const char* gripKind)
-    : CJbCustBlockKindUtilsPE(kind, displayName, keyword),
-      m_valueType(valueType),
-      m_gripKind(gripKind) {}
+CJbCustBlockParameterUtilsPE::CJbCustBlockParameterUtilsPE(const CJbCustBlockKindRow& row)
+    : CJbCustBlockKindUtilsPE(row.cls.desc, row.displayName, row.keyword),
+      m_valueType(row.valueType),
+      m_gripKind(row.gripKind) {}
+
+OdString CJbCustBlockParameterUtilsPE::GetGripKind() const {
+  const OdRxClass* grip = m_gripKind ? m_gripKind() : nullptr;
+  return grip ? grip->name() : OdString();
+}
 
 OdArray<OdString> CJbCustBlockParameterUtilsPE::GetPartnerKinds() const {
   // The actions say which parameters they take; asking them keeps one source of truth.

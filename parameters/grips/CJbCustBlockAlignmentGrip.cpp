@@ -29,6 +29,10 @@ bool CJbCustBlockAlignmentGrip::IsFixed() const {
   return true;
 }
 
+bool CJbCustBlockAlignmentGrip::GathersCyclingPoints() const {
+  return true;
+}
+
 bool CJbCustBlockAlignmentGrip::NeedEvaluate() const {
   AssertReadEnabled();
   return StateImpl()->IsRequested();

@@ -15,6 +15,8 @@ class CJbCustBlockAlignmentGrip : public CJbCustBlockGrip {
   OdString GetBaseName() const override;
   GripType GetType() const override;
   bool IsFixed() const override;
+  // Grips standing on an alignment grip collapse into it among the cycling points.
+  bool GathersCyclingPoints() const override;
   // A requested state asks for evaluation.
   bool NeedEvaluate() const override;
 

@@ -186,6 +186,10 @@ OdGePoint3d CJbCustBlockGrip::GetUpdatedPosition() const {
   return GripImpl()->m_updatedPosition;
 }
 
+bool CJbCustBlockGrip::GathersCyclingPoints() const {
+  return false;
+}
+
 void CJbCustBlockGrip::SetUpdatedPosition(const OdGePoint3d& point) {
   AssertReadEnabled();
   GripImpl()->m_updatedPosition = point;

@@ -5,12 +5,12 @@
 // adds nothing to the element's DXF fields.
 #pragma once
 
-#include "core/CJbCustBlockCyclingGrip.h"
 #include "core/CJbCustBlockElement.h"
+#include "core/CJbCustBlockGraphGrip.h"
 
 class CJbCustBlockGripImpl;
 
-class CJbCustBlockGrip : public CJbCustBlockElement, public CJbCustBlockCyclingGrip {
+class CJbCustBlockGrip : public CJbCustBlockElement, public CJbCustBlockGraphGrip {
   ODRX_DECLARE_MEMBERS(CJbCustBlockGrip);
 
  public:
@@ -59,6 +59,8 @@ class CJbCustBlockGrip : public CJbCustBlockElement, public CJbCustBlockCyclingG
   // Sets the updated position too.
   void SetCurrentPosition(const OdGePoint3d& point);
   OdGePoint3d GetUpdatedPosition() const override;
+  // Only the alignment grip gathers the grips standing on it.
+  bool GathersCyclingPoints() const override;
   void SetUpdatedPosition(const OdGePoint3d& point);
   // Where the grip is drawn: current position plus current offset.
   OdGePoint3d GetDisplayPosition() const;

@@ -9,6 +9,7 @@
 #include "platform/db/OdDbAuditInfo.h"
 #include "platform/db/OdDbDatabase.h"
 #include "platform/db/OdDbWriteGuard.h"
+#include "platform/db/entities/FieldTable.h"
 #include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
@@ -234,6 +235,7 @@ OdResult OdDbEntity::dwgInFields(OdDbDwgFiler* filer) {
   m_trueColor = static_cast<std::uint32_t>(filer->rdInt32());
   m_lineWeight = filer->rdInt16();
   m_invisible = filer->rdBool();
+  fieldTable().dwgIn(filer);
   return eOk;
 }
 
@@ -247,6 +249,7 @@ void OdDbEntity::dwgOutFields(OdDbDwgFiler* filer) const {
   filer->wrInt32(static_cast<std::int32_t>(m_trueColor));
   filer->wrInt16(m_lineWeight);
   filer->wrBool(m_invisible);
+  fieldTable().dwgOut(filer);
 }
 
 OdResult OdDbEntity::dxfInFields(OdDbDxfFiler* filer) {
@@ -295,16 +298,18 @@ OdResult OdDbEntity::dxfInFields(OdDbDxfFiler* filer) {
       case 60:
         m_invisible = filer->rdInt16() != 0;
         break;
-      case 100:
-        filer->pushBackItem();
-        return filer->filerStatus();
       default:
         // Paper space flag, layout name, material, plot style, transparency, color name, shadow
         // mode and the like are not modeled; the file layer keeps what a reader leaves.
         break;
     }
+    if (code == 100) {
+      filer->pushBackItem();
+      break;
+    }
   }
-  return filer->filerStatus();
+  const OdResult status = filer->filerStatus();
+  return status == eOk ? fieldTable().dxfIn(filer, this) : status;
 }
 
 void OdDbEntity::dxfOutFields(OdDbDxfFiler* filer) const {
@@ -318,6 +323,11 @@ void OdDbEntity::dxfOutFields(OdDbDxfFiler* filer) const {
   if (m_lineWeight != OdDb::kLnWtByLayer) filer->wrInt16(370, m_lineWeight);
   if (m_linetypeScale != 1.0) filer->wrDouble(48, m_linetypeScale);
   if (m_invisible) filer->wrInt16(60, 1);
+  fieldTable().dxfOut(filer);
+}
+
+FieldTable OdDbEntity::fieldTable() const {
+  return FieldTable();
 }
 
 void OdDbEntity::audit(OdDbAuditInfo* auditInfo) {

@@ -18,6 +18,7 @@ enum Visibility { kVisible = 0, kInvisible = 1 };
 enum LineWeight { kLnWtByLayer = -1, kLnWtByBlock = -2, kLnWtByLwDefault = -3 };
 }  // namespace OdDb
 
+class FieldTable;
 class OdDbEntity;
 using OdDbEntityPtr = OdSmartPtr<OdDbEntity>;
 
@@ -83,15 +84,20 @@ class OdDbEntity : public OdDbObject {
   // eInvalidExtents when the entity has no extents.
   virtual OdResult getGeomExtents(OdGeExtents3d& extents) const;
 
+  // The common properties, then the fields of the kind's field table.
   OdResult dwgInFields(OdDbDwgFiler* filer) override;
   void dwgOutFields(OdDbDwgFiler* filer) const override;
   // AcDbEntity: 8 layer, 6 linetype, 62 color, 420 true color, 370 line weight, 48 linetype
-  // scale, 60 visibility; properties at their default value are not written.
+  // scale, 60 visibility; properties at their default value are not written. The subclasses of
+  // the kind's field table follow.
   OdResult dxfInFields(OdDbDxfFiler* filer) override;
   void dxfOutFields(OdDbDxfFiler* filer) const override;
   void audit(OdDbAuditInfo* auditInfo) override;
 
  protected:
+  // A kind whose filing is a flat list of fields declares them here and files nothing by hand;
+  // the others answer no fields.
+  virtual FieldTable fieldTable() const;
   bool canOwnClone(const OdDbObject* child) const override;
   void subAddedToDatabase() override;
 

@@ -56,9 +56,9 @@ OdDbDatabasePtr DxfFile::recover(const OdString& path, DxfRecoverReport& report)
   std::unique_ptr<DxfTagReader> survey = DxfTagReader::open(path);
   std::unique_ptr<DxfTagReader> tags = DxfTagReader::open(path);
   try {
-    DxfFileReader reader(*tags, &report);
-    reader.surveyHandles(*survey);
-    return reader.read();
+    DxfRecoveryPolicy recovery(report);
+    recovery.surveyHandles(*survey);
+    return DxfFileReader(*tags, &recovery).read();
   } catch (const OdError& e) {
     throw OdError(e.code(), "'" + path.str() + "', " + e.description());
   }
@@ -67,9 +67,9 @@ OdDbDatabasePtr DxfFile::recover(const OdString& path, DxfRecoverReport& report)
 OdDbDatabasePtr DxfFile::recoverFromMemory(std::string bytes, DxfRecoverReport& report) {
   std::unique_ptr<DxfTagReader> survey = DxfTagReader::fromMemory(bytes);
   std::unique_ptr<DxfTagReader> tags = DxfTagReader::fromMemory(std::move(bytes));
-  DxfFileReader reader(*tags, &report);
-  reader.surveyHandles(*survey);
-  return reader.read();
+  DxfRecoveryPolicy recovery(report);
+  recovery.surveyHandles(*survey);
+  return DxfFileReader(*tags, &recovery).read();
 }
 
 std::string DxfFile::writeToMemory(OdDbDatabase* database, const DxfWriteOptions& options) {

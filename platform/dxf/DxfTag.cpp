@@ -137,6 +137,16 @@ std::string decodeEscapes(std::string_view text) {
   }
   return out;
 }
+
+constexpr std::size_t kShownLength = 40;
+
+// The start of a value as messages show it, control characters as '?'.
+std::string shownStart(std::string_view value) {
+  std::string shown;
+  for (char c : value.substr(0, kShownLength))
+    shown += static_cast<unsigned char>(c) < 0x20 ? '?' : c;
+  return shown;
+}
 }  // namespace
 
 OdString DxfTag::position() const {
@@ -161,14 +171,16 @@ bool DxfTag::isText() const noexcept {
   return k == DxfValueKind::kString || k == DxfValueKind::kHandle;
 }
 
+void DxfTag::throwMisplaced(const std::string& what) const {
+  const std::string shown = isText() ? " '" + shownStart(m_value) + "'" : std::string();
+  throw OdError(eBadDxfSequence, position().str() + ": group code " + std::to_string(m_code) +
+                                     shown + " met, " + what);
+}
+
 void DxfTag::fail(const char* expected) const {
   std::string shown;
   if (isText()) {
-    constexpr std::size_t kShown = 40;
-    shown = "value '";
-    for (char c : m_value.substr(0, kShown))
-      shown += static_cast<unsigned char>(c) < 0x20 ? '?' : c;
-    shown += m_value.size() > kShown ? "...'" : "'";
+    shown = "value '" + shownStart(m_value) + (m_value.size() > kShownLength ? "...'" : "'");
   } else {
     shown = std::string("holds ") + DxfGroupCode::kindName(kind());
   }

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -39,6 +40,8 @@ class DxfTag {
   bool is(int code, std::string_view text) const noexcept;
   // The value as stored less trailing blanks: what is() compares.
   std::string_view bareValue() const noexcept;
+  // Raises eBadDxfSequence: "<position>: group code <code> '<value>' met, <what>".
+  [[noreturn]] void throwMisplaced(const std::string& what) const;
 
   // Typed values. A value that does not parse as asked raises OdError(eInvalidDxfCode) naming
   // the position, the group code, the value and what was expected.

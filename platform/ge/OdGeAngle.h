@@ -1,14 +1,11 @@
-// Angle helpers: the constants and the normalisation into [0, 2*pi) that stored angles use.
+// Angle helpers: the normalisation into [0, 2*pi) that stored angles use. The shared constants
+// (kPi, k2Pi, kHalfPi and kTolerance, within which two angles are the same) come with them.
 #pragma once
 
-class OdGeAngle {
- public:
-  static constexpr double kPi = 3.14159265358979323846;
-  static constexpr double k2Pi = 2.0 * kPi;
-  static constexpr double kHalfPi = 0.5 * kPi;
-  // Angles closer than this are the same angle.
-  static constexpr double kTolerance = 1e-10;
+#include "platform/ge/OdGeConstants.h"
 
+class OdGeAngle : public OdGeConstants {
+ public:
   // The equivalent angle in [0, 2*pi). A value just below a full turn (within kTolerance) is a
   // full turn and maps to 0. Non-finite input is returned unchanged.
   static double normalize(double angle);

@@ -1,4 +1,4 @@
 // The global geometric tolerance.
 #include "platform/ge/OdGeTol.h"
 
-OdGeTol OdGeContext::gTol(1e-10, 1e-10);
+OdGeTol OdGeContext::gTol(OdGeConstants::kTolerance, OdGeConstants::kTolerance);

@@ -1,9 +1,12 @@
 // Geometric tolerances: how close points and directions must be to count as equal.
 #pragma once
 
+#include "platform/ge/OdGeConstants.h"
+
 class OdGeTol {
  public:
-  constexpr explicit OdGeTol(double eqPt = 1e-10, double eqVec = 1e-10)
+  constexpr explicit OdGeTol(double eqPt = OdGeConstants::kTolerance,
+                             double eqVec = OdGeConstants::kTolerance)
       : m_equalPoint(eqPt), m_equalVector(eqVec) {}
 
   // Two points are equal when they are at most this far apart.

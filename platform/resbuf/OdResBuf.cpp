@@ -5,13 +5,14 @@
 #include <string>
 #include <type_traits>
 
+#include "platform/ge/OdGeConstants.h"
 #include "platform/ge/OdGeTol.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_CONS_DEFINE_MEMBERS(OdResBuf, OdRxObject)
 
 namespace {
-constexpr double kRealTolerance = 1e-10;
+constexpr double kRealTolerance = OdGeConstants::kTolerance;
 
 std::string withArticle(const char* kind) {
   const std::string name(kind);

@@ -14,13 +14,14 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/ge/OdGeConstants.h"
 #include "platform/host/OdQStringConversion.h"
 #include "studio/document/DrawingDocument.h"
 #include "studio/document/PropertySheet.h"
 #include "studio/panels/PropertyText.h"
 
 namespace {
-constexpr double kDegreesPerRadian = 180.0 / M_PI;
+constexpr double kDegreesPerRadian = OdGeConstants::kDegreesPerRadian;
 // Widest span a number spin box offers: drawings in millimetres reach kilometres.
 constexpr double kLargestNumber = 1e12;
 

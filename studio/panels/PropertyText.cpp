@@ -4,10 +4,11 @@
 #include <QStringList>
 #include <cmath>
 
+#include "platform/ge/OdGeConstants.h"
 #include "platform/host/OdQStringConversion.h"
 
 namespace {
-constexpr double kDegreesPerRadian = 180.0 / M_PI;
+constexpr double kDegreesPerRadian = OdGeConstants::kDegreesPerRadian;
 }
 
 QString PropertyText::number(double value) {

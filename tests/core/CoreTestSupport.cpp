@@ -8,10 +8,10 @@
 #include "platform/rx/OdRxClass.h"
 
 ODRX_CONS_DEFINE_MEMBERS(RecordingElement, CJbCustBlockElement)
-// The graph finds parameters and grips by these registered names.
-ODRX_CONS_DEFINE_MEMBERS_NAMED(TestParameter, "JbCustBlockParameter", RecordingElement)
-ODRX_CONS_DEFINE_MEMBERS_NAMED(TestGrip, "JbCustBlockGrip", RecordingElement)
-ODRX_CONS_DEFINE_MEMBERS_NAMED(TestAlignmentGrip, "JbCustBlockAlignmentGrip", TestGrip)
+ODRX_CONS_DEFINE_MEMBERS(TestParameter, RecordingElement)
+ODRX_CONS_DEFINE_MEMBERS(TestGrip, RecordingElement)
+ODRX_CONS_DEFINE_MEMBERS(TestAlignmentGrip, TestGrip)
+ODRX_CONS_DEFINE_MEMBERS_NAMED(NamedLikeAGrip, "JbCustBlockGrip", RecordingElement)
 
 std::vector<std::string>& hookJournal() {
   static std::vector<std::string> journal;
@@ -75,9 +75,11 @@ void CoreTest::SetUpTestSuite() {
   TestParameter::rxInit();
   TestGrip::rxInit();
   TestAlignmentGrip::rxInit();
+  NamedLikeAGrip::rxInit();
 }
 
 void CoreTest::TearDownTestSuite() {
+  NamedLikeAGrip::rxUninit();
   TestAlignmentGrip::rxUninit();
   TestGrip::rxUninit();
   TestParameter::rxUninit();

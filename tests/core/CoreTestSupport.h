@@ -1,6 +1,7 @@
 // Shared set-up of the core tests: small element classes that record the hooks the graph calls
 // and file a little data of their own, stand-ins for the parameter and grip kinds the graph
-// treats specially, and a fixture that registers the classes.
+// treats specially (they take on the roles that parameters and grips implement), and a fixture
+// that registers the classes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,8 +9,9 @@
 #include <string>
 #include <vector>
 
-#include "core/CJbCustBlockCyclingGrip.h"
 #include "core/CJbCustBlockElement.h"
+#include "core/CJbCustBlockGraphGrip.h"
+#include "core/CJbCustBlockGraphParameter.h"
 #include "core/CJbDbCustBlockGraph.h"
 
 // Hook calls in the order they happened: "B3" is BeginEvaluate of element 3, "E" Evaluate,
@@ -47,16 +49,17 @@ class RecordingElement : public CJbCustBlockElement {
   void Record(const char* hook, CJbDbCustBlockGraphEvaluationContext* context);
 };
 
-class TestParameter : public RecordingElement {
+class TestParameter : public RecordingElement, public CJbCustBlockGraphParameter {
   ODRX_DECLARE_MEMBERS(TestParameter);
 };
 
-class TestGrip : public RecordingElement, public CJbCustBlockCyclingGrip {
+class TestGrip : public RecordingElement, public CJbCustBlockGraphGrip {
   ODRX_DECLARE_MEMBERS(TestGrip);
 
  public:
   bool IsInsertionPointCyclingEnabled() const override { return cyclingEnabled; }
   OdGePoint3d GetUpdatedPosition() const override { return position; }
+  bool GathersCyclingPoints() const override { return false; }
 
   bool cyclingEnabled = true;
   OdGePoint3d position;
@@ -64,6 +67,15 @@ class TestGrip : public RecordingElement, public CJbCustBlockCyclingGrip {
 
 class TestAlignmentGrip : public TestGrip {
   ODRX_DECLARE_MEMBERS(TestAlignmentGrip);
+
+ public:
+  bool GathersCyclingPoints() const override { return true; }
+};
+
+// An element registered under the name of the grip base but without the grip role: a name alone
+// makes no grip.
+class NamedLikeAGrip : public RecordingElement {
+  ODRX_DECLARE_MEMBERS(NamedLikeAGrip);
 };
 
 // Registers the core classes and the test classes for one suite.

@@ -41,13 +41,6 @@ const std::vector<std::string> kModuleCommands = {
     "CBHIDE",           "CBVISIBILITY",     "CBVALUETABLE",           "CBCYCLEORDER",
 };
 
-std::vector<std::string> registeredClassNames() {
-  std::vector<std::string> names;
-  for (const OdRxClass* cls : OdRxClassDictionary::instance().classes())
-    names.push_back(cls->name().str());
-  return names;
-}
-
 // What the platform and host hold that a module could have left behind.
 struct HostState {
   std::vector<std::string> classes;

@@ -23,6 +23,13 @@ void unloadModule() {
   OdRxDynamicLinker::instance().unloadModule("JbCustomizableBlocks");
 }
 
+std::vector<std::string> registeredClassNames() {
+  std::vector<std::string> names;
+  for (const OdRxClass* cls : OdRxClassDictionary::instance().classes())
+    names.push_back(cls->name().str());
+  return names;
+}
+
 const std::vector<std::string>& elementKindsOfDrawing() {
   static const std::vector<std::string> kinds = {
       "JbCustBlockPointParameter",

@@ -15,6 +15,9 @@ OdString modulePath();
 OdRxModulePtr loadModule();
 void unloadModule();
 
+// Names of the registered classes, in registration order.
+std::vector<std::string> registeredClassNames();
+
 // Registered class names of every element kind the drawing holds, in graph order.
 const std::vector<std::string>& elementKindsOfDrawing();
 // The drawing as DXF text: a block DOOR made customizable through the drawing's storage.

@@ -13,8 +13,7 @@
 
 ODRX_CONS_DEFINE_MEMBERS(TestLengthParameter, CJbCustBlock2PointParameter)
 ODRX_CONS_DEFINE_MEMBERS(TestPointGrip, CJbCustBlockGrip)
-// Parameters find actions by this registered name.
-ODRX_CONS_DEFINE_MEMBERS_NAMED(TestAction, "JbCustBlockAction", CJbCustBlockElement)
+ODRX_CONS_DEFINE_MEMBERS(TestAction, CJbCustBlockElement)
 
 namespace {
 class TestLengthParameterImpl : public CJbCustBlock2PointParameterImpl {

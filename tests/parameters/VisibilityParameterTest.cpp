@@ -143,6 +143,27 @@ TEST_F(VisibilityTest, StateNamesStayUniqueAndIndicesFollowTheirStates) {
   EXPECT_TRUE(width->IsVisible());
 }
 
+TEST_F(VisibilityTest, MovedStatesTakeTheIndicesHeldOnThemAlong) {
+  // Editor, current and updated state on the last of three states; the first moves below it.
+  ASSERT_TRUE(switchTo(2));
+  visibility->SetBlockEditorState(2);
+  visibility->ChangeStatePosition(0, 2);
+  EXPECT_EQ(visibility->GetStateName(1), OdString("Frame only"));
+  EXPECT_EQ(visibility->GetStateName(2), OdString("Open"));
+  EXPECT_EQ(visibility->GetBlockEditorState(), 1u);
+  EXPECT_EQ(visibility->GetUpdatedState(), 1);
+  EXPECT_EQ(visibility->GetCurrentState(), 1u);
+
+  // And back up: the held state goes down one again; a moved held state goes where it moves.
+  visibility->ChangeStatePosition(2, 0);
+  EXPECT_EQ(visibility->GetBlockEditorState(), 2u);
+  EXPECT_EQ(visibility->GetUpdatedState(), 2);
+  visibility->ChangeStatePosition(2, 1);
+  EXPECT_EQ(visibility->GetStateName(1), OdString("Frame only"));
+  EXPECT_EQ(visibility->GetBlockEditorState(), 1u);
+  EXPECT_EQ(visibility->GetCurrentState(), 1u);
+}
+
 TEST_F(VisibilityTest, AnInstanceKeepsItsStateByName) {
   const OdDbObjectId copyBlock = addBlock("*U1");
   ASSERT_TRUE(switchTo(1));

@@ -5,7 +5,7 @@
 
 #include "StorageTestSupport.h"
 #include "actions/CJbCustBlockAction.h"
-#include "platform/db/OdRxEvent.h"
+#include "platform/db/cloning/OdRxEvent.h"
 #include "storage/CJbCustBlockDeepCloneReactor.h"
 
 class BlockCloningTest : public StorageTest {
@@ -32,6 +32,31 @@ class BlockCloningTest : public StorageTest {
         return action->GetCurrentEntities(0);
     }
     return OdDbObjectIdArray();
+  }
+
+  // The entities the stretch action of the block's master graph is defined on.
+  OdDbObjectIdArray definedEntities(const OdDbObjectId& block, OdDbDatabase* database) {
+    OdDbObjectId graphId;
+    EXPECT_TRUE(storage(OdDb::kForRead, database)->GetMasterBlockGraphId(block, graphId));
+    CJbDbCustBlockGraphPtr graph = open<CJbDbCustBlockGraph>(graphId);
+    for (int id : graph->GetAllNodeIds()) {
+      if (CJbCustBlockActionPtr action = CJbCustBlockAction::cast(graph->GetNode(id).get()))
+        return action->GetEntities(0);
+    }
+    return OdDbObjectIdArray();
+  }
+
+  // Whether the door's two stretched entities are the given block's own.
+  ::testing::AssertionResult twoEntitiesOf(const OdDbObjectIdArray& entities,
+                                           const OdDbObjectId& block) {
+    if (entities.length() != 2)
+      return ::testing::AssertionFailure() << entities.length() << " entities";
+    for (const OdDbObjectId& entity : entities) {
+      const OdDbObjectId owner = open<OdDbEntity>(entity)->ownerId();
+      if (owner != block)
+        return ::testing::AssertionFailure() << "an entity of block " << hex(owner);
+    }
+    return ::testing::AssertionSuccess();
   }
 
   OdStaticRxObject<CJbCustBlockDeepCloneReactor> reactor;
@@ -62,10 +87,9 @@ TEST_F(BlockCloningTest, AReferenceWblockedIntoAnotherDrawingBringsItsMasterAndS
   copied.release();
 
   // The state names the copied instance's own entities.
-  const OdDbObjectIdArray entities = stretchedEntities(copiedInstance, target.get());
-  ASSERT_EQ(entities.length(), 2u);
-  for (const OdDbObjectId& entity : entities)
-    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copiedInstance);
+  EXPECT_TRUE(twoEntitiesOf(stretchedEntities(copiedInstance, target.get()), copiedInstance));
+  // And the copied master's graph is defined on the copied master's entities.
+  EXPECT_TRUE(twoEntitiesOf(definedEntities(copiedDoor, target.get()), copiedDoor));
 
   // Editing in the target changes the target alone.
   std::swap(db, target);
@@ -88,8 +112,8 @@ TEST_F(BlockCloningTest, AMasterCopiedWithinTheDrawingGetsItsOwnGraph) {
   EXPECT_TRUE(storage()->GetMasterBlockGraphId(door, graphOfDoor));
   EXPECT_NE(graphOfCopy, graphOfDoor);
   EXPECT_EQ(open<CJbDbCustBlockGraph>(graphOfCopy)->GetBlockDefinitionId(), copy);
-  for (const OdDbObjectId& entity : stretchedEntities(copy, db.get()))
-    EXPECT_EQ(open<OdDbEntity>(entity)->ownerId(), copy);
+  EXPECT_TRUE(twoEntitiesOf(stretchedEntities(copy, db.get()), copy));
+  EXPECT_TRUE(twoEntitiesOf(definedEntities(copy, db.get()), copy));
 
   // A reference of the copy is edited like any other; the original's instance stays as it was.
   const OdDbObjectId copyReference = addReference(db->getModelSpaceId(), copy);
@@ -102,4 +126,26 @@ TEST_F(BlockCloningTest, AMasterCopiedWithinTheDrawingGetsItsOwnGraph) {
   OdArray<OdDbObjectId> instances;
   storage()->GetAllBlockInstancesForMasterBlock(door, instances);
   EXPECT_EQ(instances, OdArray<OdDbObjectId>({instance}));
+}
+
+TEST_F(BlockCloningTest, AnInstanceCopiedWithinTheDrawingStaysCustomizableWithItsMasterAndState) {
+  OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+  db->deepCloneObjects({instance}, db->getBlockTableId(), *mapping);
+  const OdDbObjectId copy = cloneOf(*mapping, instance);
+  ASSERT_FALSE(copy.isNull());
+  EXPECT_TRUE(cloneOf(*mapping, door).isNull());
+  EXPECT_TRUE(storage()->IsBlockCustomizable(copy));
+  EXPECT_FALSE(storage()->IsBlockMaster(copy));
+  OdDbObjectId master;
+  EXPECT_TRUE(storage()->GetMasterBlockId(copy, master));
+  EXPECT_EQ(master, door);
+  EXPECT_NEAR(savedWidth(copy), 15.0, 1e-9);
+  EXPECT_TRUE(twoEntitiesOf(stretchedEntities(copy, db.get()), copy));
+
+  // A reference of the copy goes on from its state; the original instance keeps its own.
+  const OdDbObjectId copyReference = addReference(db->getModelSpaceId(), copy);
+  dragWidth(copyReference, OdGeVector3d(5, 0, 0));
+  EXPECT_TRUE(SameFrame(frameOf(blockOf(copyReference)), DoorFrame(20)));
+  EXPECT_TRUE(SameFrame(frameOf(instance), DoorFrame(15)));
+  EXPECT_NEAR(savedWidth(instance), 15.0, 1e-9);
 }

@@ -1,4 +1,4 @@
-// The storage record in DWG and DXF: entries in id order, a master's graph owned and an
+// The storage record in DWG and DXF: entries in handle order, a master's graph owned and an
 // instance's only referred to, reserved values kept, out-of-place DXF codes refused with the
 // entries read so far kept; and the id rules of swapping masters and of mapping saved state.
 #include <algorithm>
@@ -17,6 +17,13 @@ std::vector<std::vector<std::string>> dxfEntries(const OdResBuf* items) {
   for (auto it = marker + 4; it + 5 <= texts.end(); it += 5)
     entries.emplace_back(it, it + 5);
   return entries;
+}
+
+std::vector<OdDbObjectId> inHandleOrder(std::vector<OdDbObjectId> ids) {
+  std::sort(ids.begin(), ids.end(), [](const OdDbObjectId& a, const OdDbObjectId& b) {
+    return a.getHandle() < b.getHandle();
+  });
+  return ids;
 }
 
 class MappingProbe : public CJbDbCustBlockStorage {
@@ -52,12 +59,11 @@ class StorageFilingTest : public StorageTest {
   OdDbObjectId graph;
 };
 
-TEST_F(StorageFilingTest, EntriesAreFiledInIdOrderWithTheGraphOwnedByItsMaster) {
+TEST_F(StorageFilingTest, EntriesAreFiledInHandleOrderWithTheGraphOwnedByItsMaster) {
   CJbDbCustBlockStoragePtr filed = storage();
   const auto entries = dxfEntries(dxfItemsOf(filed.get()).get());
   ASSERT_EQ(entries.size(), 3u);
-  std::vector<OdDbObjectId> ids = {door, blocks[0], blocks[1]};
-  std::sort(ids.begin(), ids.end());
+  const std::vector<OdDbObjectId> ids = inHandleOrder({door, blocks[0], blocks[1]});
   for (std::size_t i = 0; i < ids.size(); ++i) {
     EXPECT_EQ(entries[i][0], "330 " + hex(ids[i]));
     EXPECT_EQ(entries[i][1], "330 " + hex(door));
@@ -91,7 +97,10 @@ TEST_F(StorageFilingTest, AnOutOfPlaceDxfCodeStopsReadingAndKeepsTheEntriesBefor
   std::vector<std::string> texts = tagTexts(items.get());
   const std::size_t marker =
       std::find(texts.begin(), texts.end(), "100 JbDbCustBlockStorage") - texts.begin();
-  for (std::size_t broken : {marker + 1, marker + 4 + 5 + 2, marker + 4 + 5 + 4}) {
+  // Where the record breaks, and how many entries the storage has after it.
+  const std::pair<std::size_t, unsigned> breaks[] = {
+      {marker + 1, 3}, {marker + 3, 0}, {marker + 4 + 5 + 2, 1}, {marker + 4 + 5 + 4, 1}};
+  for (const auto& [broken, kept] : breaks) {
     OdResBufPtr copy = items->copyChain();
     OdResBuf* item = copy.get();
     for (std::size_t i = 0; i < broken; ++i)
@@ -100,14 +109,11 @@ TEST_F(StorageFilingTest, AnOutOfPlaceDxfCodeStopsReadingAndKeepsTheEntriesBefor
     CJbDbCustBlockStoragePtr read = storage(OdDb::kForWrite);
     OdDbResBufDxfFilerPtr filer = OdDbResBufDxfFiler::createObject(db.get(), copy);
     EXPECT_EQ(read->dxfInFields(filer.get()), eBadDxfSequence) << broken;
-    // Broken before the entries, the storage keeps what it had; broken in the second entry, the
-    // first is kept.
-    std::vector<OdDbObjectId> ids = {door, blocks[0], blocks[1]};
-    std::sort(ids.begin(), ids.end());
-    const bool beforeEntries = broken == marker + 1;
-    EXPECT_TRUE(read->IsBlockCustomizable(ids[0])) << broken;
-    EXPECT_EQ(read->IsBlockCustomizable(ids[1]), beforeEntries) << broken;
-    EXPECT_EQ(read->IsBlockCustomizable(ids[2]), beforeEntries) << broken;
+    // Broken before the reserved values are read, the storage keeps what it had; once they are,
+    // it is emptied, so that a broken count leaves nothing and a broken second entry the first.
+    const std::vector<OdDbObjectId> ids = inHandleOrder({door, blocks[0], blocks[1]});
+    for (unsigned i = 0; i < ids.size(); ++i)
+      EXPECT_EQ(read->IsBlockCustomizable(ids[i]), i < kept) << broken << " " << i;
   }
 }
 

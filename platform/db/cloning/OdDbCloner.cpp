@@ -8,7 +8,7 @@
 #include "platform/db/OdDbDictionary.h"
 #include "platform/db/OdDbEntity.h"
 #include "platform/db/OdDbWriteGuard.h"
-#include "platform/db/OdRxEvent.h"
+#include "platform/db/cloning/OdRxEvent.h"
 #include "platform/db/filers/OdDbMemoryDwgFiler.h"
 #include "platform/db/symtables/OdDbBlockTableRecord.h"
 #include "platform/db/symtables/OdDbSymbolTable.h"

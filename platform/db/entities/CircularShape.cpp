@@ -3,8 +3,6 @@
 
 #include "platform/db/entities/EntityFiling.h"
 #include "platform/db/entities/OdDbEllipse.h"
-#include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/ge/PlanarTransform.h"
 
 void CircularShape::setRadius(double value, const OdDbObject* owner) {
@@ -52,54 +50,17 @@ void CircularShape::addExtents(const EllipseArc& shape, OdGeExtents3d& extents) 
   if (thickness != 0.0) extents.expandBy(normal * thickness);
 }
 
-OdResult CircularShape::dwgIn(OdDbDwgFiler* filer) {
-  center = filer->rdPoint3d();
-  radius = filer->rdDouble();
-  thickness = filer->rdDouble();
-  normal = filer->rdVector3d();
-  return eOk;
+FieldTable CircularShape::fieldTable() const {
+  static constexpr auto kFields = FieldTable::compile({
+      FieldTable::marker("AcDbCircle"),
+      FieldTable::field(39, FieldTable::kReal, offsetof(CircularShape, thickness)).omittedAt(0.0),
+      FieldTable::field(10, FieldTable::kOcsPoint, offsetof(CircularShape, center)),
+      FieldTable::field(40, FieldTable::kReal, offsetof(CircularShape, radius)),
+      FieldTable::field(210, FieldTable::kNormal, offsetof(CircularShape, normal)).omittedAt(),
+  });
+  return FieldTable(kFields, this);
 }
 
-void CircularShape::dwgOut(OdDbDwgFiler* filer) const {
-  filer->wrPoint3d(center);
-  filer->wrDouble(radius);
-  filer->wrDouble(thickness);
-  filer->wrVector3d(normal);
-}
-
-OdResult CircularShape::dxfIn(OdDbDxfFiler* filer) {
-  OdGePoint3d ocsCenter;
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
-    const int code = filer->nextItem();
-    if (code == 100) {
-      filer->pushBackItem();
-      break;
-    }
-    switch (code) {
-      case 10:
-        ocsCenter = filer->rdPoint3d();
-        break;
-      case 39:
-        thickness = filer->rdDouble();
-        break;
-      case 40:
-        radius = filer->rdDouble();
-        break;
-      case 210:
-        normal = EntityFiling::rdNormal(filer);
-        break;
-      default:
-        break;
-    }
-  }
-  if (!(radius > 0.0)) return eInvalidInput;
-  center = EntityFiling::toWcs(normal, ocsCenter);
-  return eOk;
-}
-
-void CircularShape::dxfOut(OdDbDxfFiler* filer) const {
-  if (thickness != 0.0) filer->wrDouble(39, thickness);
-  filer->wrPoint3d(10, EntityFiling::toOcs(normal, center));
-  filer->wrDouble(40, radius);
-  if (!normal.isEqualTo(OdGeVector3d::kZAxis)) filer->wrVector3d(210, normal);
+OdResult CircularShape::checkRead(OdResult read) const {
+  return read == eOk && !(radius > 0.0) ? eInvalidInput : read;
 }

@@ -4,10 +4,9 @@
 #pragma once
 
 #include "platform/db/OdDbEntity.h"
+#include "platform/db/entities/FieldTable.h"
 #include "platform/ge/EllipseArc.h"
 
-class OdDbDwgFiler;
-class OdDbDxfFiler;
 class PlanarTransform;
 
 class CircularShape {
@@ -33,10 +32,8 @@ class CircularShape {
   // The exact box of shape swept along the thickness.
   void addExtents(const EllipseArc& shape, OdGeExtents3d& extents) const;
 
-  OdResult dwgIn(OdDbDwgFiler* filer);
-  void dwgOut(OdDbDwgFiler* filer) const;
-  // The circle subclass after its marker, up to the next marker: 39 thickness, 10 centre (object
-  // coordinates), 40 radius, 210 normal. eInvalidInput for a radius that is not positive.
-  OdResult dxfIn(OdDbDxfFiler* filer);
-  void dxfOut(OdDbDxfFiler* filer) const;
+  // The circle subclass: 39 thickness, 10 centre (in the plane), 40 radius, 210 normal.
+  FieldTable fieldTable() const;
+  // The result of a read, or eInvalidInput after one that left a radius that is not positive.
+  OdResult checkRead(OdResult read) const;
 };

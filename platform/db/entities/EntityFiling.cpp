@@ -8,7 +8,7 @@
 #include "platform/ge/OdGeMatrix3d.h"
 
 namespace {
-constexpr double kDegreesPerRadian = 180.0 / OdGeAngle::kPi;
+constexpr double kDegreesPerRadian = OdGeConstants::kDegreesPerRadian;
 bool isWorldZ(const OdGeVector3d& normal) {
   return normal.isEqualTo(OdGeVector3d::kZAxis);
 }
@@ -38,10 +38,10 @@ OdGeVector3d EntityFiling::rdNormal(OdDbDxfFiler* filer) {
 }
 
 void EntityFiling::requireSubclass(OdDbDxfFiler* filer, const OdDbObject* object,
-                                   const char* name) {
-  if (!filer->atSubclassData(name)) {
-    throw OdError(eBadDxfSequence, object->describe().str() + ": " + name + " expected at " +
-                                       filer->describePosition().str());
+                                   std::string_view name) {
+  if (!filer->atSubclassData(OdString(name))) {
+    throw OdError(eBadDxfSequence, object->describe().str() + ": " + std::string(name) +
+                                       " expected at " + filer->describePosition().str());
   }
 }
 

@@ -3,6 +3,8 @@
 // to a stand-in of another kind.
 #pragma once
 
+#include <string_view>
+
 #include "platform/ge/OdGePoint3d.h"
 #include "platform/ge/OdGeVector3d.h"
 
@@ -21,7 +23,7 @@ class EntityFiling {
   static OdGeVector3d rdNormal(OdDbDxfFiler* filer);
   // Consumes the subclass marker; raises eBadDxfSequence naming the object and the position
   // when the next item is not that marker.
-  static void requireSubclass(OdDbDxfFiler* filer, const OdDbObject* object, const char* name);
+  static void requireSubclass(OdDbDxfFiler* filer, const OdDbObject* object, std::string_view name);
   // Gives an entity made to stand in for another (a circle's ellipse) the source's layer, color,
   // linetype, line weight and visibility.
   static void copyProperties(const OdDbEntity* source, OdDbEntity* target);

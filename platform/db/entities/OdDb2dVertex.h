@@ -35,10 +35,8 @@ class OdDb2dVertex : public OdDbEntity {
   // A lone vertex cannot be transformed (eNotApplicable): it lies in its polyline's plane.
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
 
-  OdResult dwgInFields(OdDbDwgFiler* filer) override;
-  void dwgOutFields(OdDbDwgFiler* filer) const override;
-  OdResult dxfInFields(OdDbDxfFiler* filer) override;
-  void dxfOutFields(OdDbDxfFiler* filer) const override;
+ protected:
+  FieldTable fieldTable() const override;
 
  private:
   OdGePoint3d m_position;

@@ -23,10 +23,8 @@ class OdDb3dPolylineVertex : public OdDbEntity {
 
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
 
-  OdResult dwgInFields(OdDbDwgFiler* filer) override;
-  void dwgOutFields(OdDbDwgFiler* filer) const override;
-  OdResult dxfInFields(OdDbDxfFiler* filer) override;
-  void dxfOutFields(OdDbDxfFiler* filer) const override;
+ protected:
+  FieldTable fieldTable() const override;
 
  private:
   OdGePoint3d m_position;

@@ -3,14 +3,17 @@
 #include <cmath>
 
 #include "platform/db/entities/EntityFiling.h"
-#include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/db/entities/FieldTable.h"
 #include "platform/ge/ArcGeometry.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/PlanarTransform.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbArc, OdDbEntity, "ARC", "", 0)
+
+// Offsets into a class with a virtual table: GCC supports them for classes without virtual bases
+// and says so by a warning.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
 OdGePoint3d OdDbArc::center() const {
   assertReadEnabled();
@@ -170,48 +173,15 @@ OdResult OdDbArc::getGeomExtents(OdGeExtents3d& extents) const {
   return eOk;
 }
 
-OdResult OdDbArc::dwgInFields(OdDbDwgFiler* filer) {
-  const OdResult res = OdDbEntity::dwgInFields(filer);
-  if (res != eOk) return res;
-  m_startAngle = filer->rdDouble();
-  m_endAngle = filer->rdDouble();
-  return m_shape.dwgIn(filer);
-}
-
-void OdDbArc::dwgOutFields(OdDbDwgFiler* filer) const {
-  OdDbEntity::dwgOutFields(filer);
-  filer->wrDouble(m_startAngle);
-  filer->wrDouble(m_endAngle);
-  m_shape.dwgOut(filer);
-}
-
 OdResult OdDbArc::dxfInFields(OdDbDxfFiler* filer) {
-  OdResult res = OdDbEntity::dxfInFields(filer);
-  if (res != eOk) return res;
-  EntityFiling::requireSubclass(filer, this, "AcDbCircle");
-  res = m_shape.dxfIn(filer);
-  if (res != eOk) return res;
-  EntityFiling::requireSubclass(filer, this, "AcDbArc");
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
-    switch (filer->nextItem()) {
-      case 50:
-        m_startAngle = OdGeAngle::normalize(EntityFiling::rdAngleDegrees(filer));
-        break;
-      case 51:
-        m_endAngle = OdGeAngle::normalize(EntityFiling::rdAngleDegrees(filer));
-        break;
-      default:
-        break;
-    }
-  }
-  return eOk;
+  return m_shape.checkRead(OdDbEntity::dxfInFields(filer));
 }
 
-void OdDbArc::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbEntity::dxfOutFields(filer);
-  filer->wrSubclassMarker("AcDbCircle");
-  m_shape.dxfOut(filer);
-  filer->wrSubclassMarker("AcDbArc");
-  EntityFiling::wrAngleDegrees(filer, 50, m_startAngle);
-  EntityFiling::wrAngleDegrees(filer, 51, m_endAngle);
+FieldTable OdDbArc::fieldTable() const {
+  static constexpr auto kFields = FieldTable::compile({
+      FieldTable::marker("AcDbArc"),
+      FieldTable::field(50, FieldTable::kAngle, offsetof(OdDbArc, m_startAngle)).normalizedOnRead(),
+      FieldTable::field(51, FieldTable::kAngle, offsetof(OdDbArc, m_endAngle)).normalizedOnRead(),
+  });
+  return m_shape.fieldTable().then(kFields, this);
 }

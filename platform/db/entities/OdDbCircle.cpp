@@ -1,8 +1,7 @@
 #include "platform/db/entities/OdDbCircle.h"
 
 #include "platform/db/entities/EntityFiling.h"
-#include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/db/entities/FieldTable.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/PlanarTransform.h"
 #include "platform/rx/OdRxClass.h"
@@ -117,26 +116,10 @@ OdResult OdDbCircle::getGeomExtents(OdGeExtents3d& extents) const {
   return eOk;
 }
 
-OdResult OdDbCircle::dwgInFields(OdDbDwgFiler* filer) {
-  const OdResult res = OdDbEntity::dwgInFields(filer);
-  if (res != eOk) return res;
-  return m_shape.dwgIn(filer);
-}
-
-void OdDbCircle::dwgOutFields(OdDbDwgFiler* filer) const {
-  OdDbEntity::dwgOutFields(filer);
-  m_shape.dwgOut(filer);
-}
-
 OdResult OdDbCircle::dxfInFields(OdDbDxfFiler* filer) {
-  const OdResult res = OdDbEntity::dxfInFields(filer);
-  if (res != eOk) return res;
-  EntityFiling::requireSubclass(filer, this, "AcDbCircle");
-  return m_shape.dxfIn(filer);
+  return m_shape.checkRead(OdDbEntity::dxfInFields(filer));
 }
 
-void OdDbCircle::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbEntity::dxfOutFields(filer);
-  filer->wrSubclassMarker("AcDbCircle");
-  m_shape.dxfOut(filer);
+FieldTable OdDbCircle::fieldTable() const {
+  return m_shape.fieldTable();
 }

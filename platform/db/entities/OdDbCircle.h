@@ -32,10 +32,11 @@ class OdDbCircle : public OdDbEntity {
   OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
-  OdResult dwgInFields(OdDbDwgFiler* filer) override;
-  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  // eInvalidInput for a radius that is not positive.
   OdResult dxfInFields(OdDbDxfFiler* filer) override;
-  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ protected:
+  FieldTable fieldTable() const override;
 
  private:
   CircularShape m_shape;

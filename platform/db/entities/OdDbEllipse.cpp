@@ -4,13 +4,16 @@
 #include <cmath>
 
 #include "platform/db/entities/EntityFiling.h"
-#include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/db/entities/FieldTable.h"
 #include "platform/ge/EllipseArc.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbEllipse, OdDbEntity, "ELLIPSE", "", 0)
+
+// Offsets into a class with a virtual table: GCC supports them for classes without virtual bases
+// and says so by a warning.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
 namespace {
 // The stored range: start in [0, 2*pi), end after it by the sweep, a full turn ending at
@@ -155,71 +158,26 @@ OdResult OdDbEllipse::getGeomExtents(OdGeExtents3d& extents) const {
   return eOk;
 }
 
-OdResult OdDbEllipse::dwgInFields(OdDbDwgFiler* filer) {
-  const OdResult res = OdDbEntity::dwgInFields(filer);
-  if (res != eOk) return res;
-  m_center = filer->rdPoint3d();
-  m_normal = filer->rdVector3d();
-  m_major = filer->rdVector3d();
-  m_ratio = filer->rdDouble();
-  m_startParam = filer->rdDouble();
-  m_endParam = filer->rdDouble();
-  return eOk;
-}
-
-void OdDbEllipse::dwgOutFields(OdDbDwgFiler* filer) const {
-  OdDbEntity::dwgOutFields(filer);
-  filer->wrPoint3d(m_center);
-  filer->wrVector3d(m_normal);
-  filer->wrVector3d(m_major);
-  filer->wrDouble(m_ratio);
-  filer->wrDouble(m_startParam);
-  filer->wrDouble(m_endParam);
-}
-
 OdResult OdDbEllipse::dxfInFields(OdDbDxfFiler* filer) {
+  // A record without its major axis is refused like one with a zero axis.
+  m_major = OdGeVector3d();
   const OdResult res = OdDbEntity::dxfInFields(filer);
   if (res != eOk) return res;
-  EntityFiling::requireSubclass(filer, this, "AcDbEllipse");
-  OdGePoint3d majorEnd;
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
-    switch (filer->nextItem()) {
-      case 10:
-        m_center = filer->rdPoint3d();
-        break;
-      case 11:
-        majorEnd = filer->rdPoint3d();
-        break;
-      case 210:
-        m_normal = EntityFiling::rdNormal(filer);
-        break;
-      case 40:
-        m_ratio = filer->rdDouble();
-        break;
-      case 41:
-        m_startParam = filer->rdDouble();
-        break;
-      case 42:
-        m_endParam = filer->rdDouble();
-        break;
-      default:
-        break;
-    }
-  }
-  m_major = majorEnd.asVector();
   if (m_major.isZeroLength() || !(m_ratio > 0.0 && m_ratio <= 1.0 + 1e-12)) return eInvalidInput;
   m_ratio = std::min(m_ratio, 1.0);
   normalizeRange(m_startParam, m_endParam);
   return eOk;
 }
 
-void OdDbEllipse::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbEntity::dxfOutFields(filer);
-  filer->wrSubclassMarker("AcDbEllipse");
-  filer->wrPoint3d(10, m_center);
-  filer->wrPoint3d(11, m_major.asPoint());
-  filer->wrVector3d(210, m_normal);
-  filer->wrDouble(40, m_ratio);
-  filer->wrDouble(41, m_startParam);
-  filer->wrDouble(42, m_endParam);
+FieldTable OdDbEllipse::fieldTable() const {
+  static constexpr auto kFields = FieldTable::compile({
+      FieldTable::marker("AcDbEllipse"),
+      FieldTable::field(10, FieldTable::kPoint, offsetof(OdDbEllipse, m_center)),
+      FieldTable::field(11, FieldTable::kVector, offsetof(OdDbEllipse, m_major)),
+      FieldTable::field(210, FieldTable::kNormal, offsetof(OdDbEllipse, m_normal)),
+      FieldTable::field(40, FieldTable::kReal, offsetof(OdDbEllipse, m_ratio)),
+      FieldTable::field(41, FieldTable::kReal, offsetof(OdDbEllipse, m_startParam)),
+      FieldTable::field(42, FieldTable::kReal, offsetof(OdDbEllipse, m_endParam)),
+  });
+  return FieldTable(kFields, this);
 }

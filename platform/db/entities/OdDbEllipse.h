@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/db/OdDbEntity.h"
+#include "platform/ge/OdGeConstants.h"
 
 class OdDbEllipse : public OdDbEntity {
   ODRX_DECLARE_MEMBERS(OdDbEllipse);
@@ -14,7 +15,7 @@ class OdDbEllipse : public OdDbEntity {
   // the ratio in (0, 1]; otherwise eInvalidInput and nothing changes. Parameters are normalised
   // into [0, 2*pi); equal parameters mean the whole ellipse.
   void set(const OdGePoint3d& center, const OdGeVector3d& normal, const OdGeVector3d& majorAxis,
-           double radiusRatio, double startParam = 0.0, double endParam = 6.283185307179586);
+           double radiusRatio, double startParam = 0.0, double endParam = OdGeConstants::k2Pi);
   OdGePoint3d center() const;
   void setCenter(const OdGePoint3d& center);
   OdGeVector3d normal() const;
@@ -39,10 +40,11 @@ class OdDbEllipse : public OdDbEntity {
   OdResult subMoveGripPointsAt(const OdIntArray& indices, const OdGeVector3d& offset) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
-  OdResult dwgInFields(OdDbDwgFiler* filer) override;
-  void dwgOutFields(OdDbDwgFiler* filer) const override;
+  // eInvalidInput for a zero or missing major axis or a ratio outside (0, 1].
   OdResult dxfInFields(OdDbDxfFiler* filer) override;
-  void dxfOutFields(OdDbDxfFiler* filer) const override;
+
+ protected:
+  FieldTable fieldTable() const override;
 
  private:
   OdGePoint3d m_center;
@@ -50,6 +52,6 @@ class OdDbEllipse : public OdDbEntity {
   OdGeVector3d m_major = OdGeVector3d::kXAxis;
   double m_ratio = 1.0;
   double m_startParam = 0.0;
-  double m_endParam = 6.283185307179586;
+  double m_endParam = OdGeConstants::k2Pi;
 };
 using OdDbEllipsePtr = OdSmartPtr<OdDbEllipse>;

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/db/entities/EntityFiling.h"
+#include "platform/db/entities/HatchBoundaryFiling.h"
 #include "platform/db/filers/OdDbDwgFiler.h"
 #include "platform/db/filers/OdDbDxfFiler.h"
 #include "platform/ge/ArcGeometry.h"
@@ -16,8 +17,6 @@
 ODRX_DXF_DEFINE_MEMBERS(OdDbHatch, OdDbEntity, "HATCH", "", 0)
 
 namespace {
-constexpr double kDegrees = 180.0 / OdGeAngle::kPi;
-
 // The counter-clockwise range of an arc or elliptical arc edge.
 void ccwRange(const OdDbHatch::Edge& edge, double& start, double& end) {
   start = edge.ccw ? edge.startAngle : edge.endAngle;
@@ -43,109 +42,6 @@ OdGePoint2d ellipsePoint(const OdDbHatch::Edge& edge, double param) {
 
 OdGeVector3d vec3(const OdGeVector2d& v) {
   return OdGeVector3d(v.x, v.y, 0.0);
-}
-
-// Reads the next item, which must have the given code.
-int expectCode(OdDbDxfFiler* filer, const OdDbObject* hatch, int code) {
-  const int found = filer->nextItem();
-  if (found != code) {
-    throw OdError(eBadDxfSequence, hatch->describe().str() + ": group " + std::to_string(code) +
-                                       " expected in the boundary at " +
-                                       filer->describePosition().str());
-  }
-  return found;
-}
-
-// True, consuming it, when the next item has this code.
-bool nextIs(OdDbDxfFiler* filer, int code) {
-  if (filer->atEOF() || filer->atEndOfObject()) return false;
-  if (filer->nextItem() == code) return true;
-  filer->pushBackItem();
-  return false;
-}
-
-void wrEdgeDwg(OdDbDwgFiler* filer, const OdDbHatch::Edge& e) {
-  filer->wrInt16(static_cast<int16_t>(e.type));
-  switch (e.type) {
-    case OdDbHatch::kLine:
-      filer->wrPoint2d(e.start);
-      filer->wrPoint2d(e.end);
-      break;
-    case OdDbHatch::kCirArc:
-    case OdDbHatch::kEllArc:
-      filer->wrPoint2d(e.center);
-      filer->wrDouble(e.radius);
-      filer->wrVector2d(e.majorAxis);
-      filer->wrDouble(e.ratio);
-      filer->wrDouble(e.startAngle);
-      filer->wrDouble(e.endAngle);
-      filer->wrBool(e.ccw);
-      break;
-    case OdDbHatch::kSpline:
-      filer->wrInt16(static_cast<int16_t>(e.degree));
-      filer->wrBool(e.rational);
-      filer->wrBool(e.periodic);
-      filer->wrInt32(static_cast<int32_t>(e.knots.length()));
-      for (double k : e.knots)
-        filer->wrDouble(k);
-      filer->wrInt32(static_cast<int32_t>(e.controlPoints.length()));
-      for (unsigned int i = 0; i < e.controlPoints.length(); ++i) {
-        filer->wrPoint2d(e.controlPoints[i]);
-        filer->wrDouble(e.rational ? e.weights[i] : 1.0);
-      }
-      filer->wrInt32(static_cast<int32_t>(e.fitPoints.length()));
-      for (const OdGePoint2d& p : e.fitPoints)
-        filer->wrPoint2d(p);
-      filer->wrVector2d(e.startTangent);
-      filer->wrVector2d(e.endTangent);
-      break;
-  }
-}
-
-bool rdEdgeDwg(OdDbDwgFiler* filer, OdDbHatch::Edge& e) {
-  const int type = filer->rdInt16();
-  if (type < OdDbHatch::kLine || type > OdDbHatch::kSpline) return false;
-  e.type = static_cast<OdDbHatch::EdgeType>(type);
-  switch (e.type) {
-    case OdDbHatch::kLine:
-      e.start = filer->rdPoint2d();
-      e.end = filer->rdPoint2d();
-      break;
-    case OdDbHatch::kCirArc:
-    case OdDbHatch::kEllArc:
-      e.center = filer->rdPoint2d();
-      e.radius = filer->rdDouble();
-      e.majorAxis = filer->rdVector2d();
-      e.ratio = filer->rdDouble();
-      e.startAngle = filer->rdDouble();
-      e.endAngle = filer->rdDouble();
-      e.ccw = filer->rdBool();
-      break;
-    case OdDbHatch::kSpline: {
-      e.degree = filer->rdInt16();
-      e.rational = filer->rdBool();
-      e.periodic = filer->rdBool();
-      const int knots = filer->rdInt32();
-      if (knots < 0) return false;
-      for (int i = 0; i < knots; ++i)
-        e.knots.append(filer->rdDouble());
-      const int points = filer->rdInt32();
-      if (points < 0) return false;
-      for (int i = 0; i < points; ++i) {
-        e.controlPoints.append(filer->rdPoint2d());
-        const double weight = filer->rdDouble();
-        if (e.rational) e.weights.append(weight);
-      }
-      const int fits = filer->rdInt32();
-      if (fits < 0) return false;
-      for (int i = 0; i < fits; ++i)
-        e.fitPoints.append(filer->rdPoint2d());
-      e.startTangent = filer->rdVector2d();
-      e.endTangent = filer->rdVector2d();
-      break;
-    }
-  }
-  return true;
 }
 }  // namespace
 
@@ -594,26 +490,7 @@ OdResult OdDbHatch::dwgInFields(OdDbDwgFiler* filer) {
   m_style = static_cast<HatchStyle>(filer->rdInt16());
   m_elevation = filer->rdDouble();
   m_normal = filer->rdVector3d();
-  const int loops = filer->rdInt32();
-  if (loops < 0) return eDwgObjectImproperlyRead;
-  m_loops.clear();
-  for (int i = 0; i < loops; ++i) {
-    Loop l;
-    l.type = filer->rdInt32();
-    const int vertices = filer->rdInt32();
-    const int edges = filer->rdInt32();
-    if (vertices < 0 || edges < 0) return eDwgObjectImproperlyRead;
-    for (int k = 0; k < vertices; ++k) {
-      l.vertices.append(filer->rdPoint2d());
-      l.bulges.append(filer->rdDouble());
-    }
-    for (int k = 0; k < edges; ++k) {
-      Edge e;
-      if (!rdEdgeDwg(filer, e)) return eDwgObjectImproperlyRead;
-      l.edges.append(e);
-    }
-    m_loops.append(l);
-  }
+  if (!HatchBoundaryFiling::dwgIn(filer, m_loops)) return eDwgObjectImproperlyRead;
   const int seeds = filer->rdInt32();
   if (seeds < 0) return eDwgObjectImproperlyRead;
   m_seeds.clear();
@@ -632,18 +509,7 @@ void OdDbHatch::dwgOutFields(OdDbDwgFiler* filer) const {
   filer->wrInt16(static_cast<int16_t>(m_style));
   filer->wrDouble(m_elevation);
   filer->wrVector3d(m_normal);
-  filer->wrInt32(static_cast<int32_t>(m_loops.length()));
-  for (const Loop& l : m_loops) {
-    filer->wrInt32(l.type);
-    filer->wrInt32(static_cast<int32_t>(l.vertices.length()));
-    filer->wrInt32(static_cast<int32_t>(l.edges.length()));
-    for (unsigned int k = 0; k < l.vertices.length(); ++k) {
-      filer->wrPoint2d(l.vertices[k]);
-      filer->wrDouble(l.bulges[k]);
-    }
-    for (const Edge& e : l.edges)
-      wrEdgeDwg(filer, e);
-  }
+  HatchBoundaryFiling::dwgOut(filer, m_loops);
   filer->wrInt32(static_cast<int32_t>(m_seeds.length()));
   for (const OdGePoint2d& seed : m_seeds)
     filer->wrPoint2d(seed);
@@ -681,7 +547,7 @@ OdResult OdDbHatch::dxfInFields(OdDbDxfFiler* filer) {
         m_patternType = static_cast<HatchPatternType>(filer->rdInt16());
         break;
       case 52:
-        m_patternAngle = OdGeAngle::normalize(filer->rdDouble() / kDegrees);
+        m_patternAngle = OdGeAngle::normalize(EntityFiling::rdAngleDegrees(filer));
         break;
       case 41:
         m_patternScale = filer->rdDouble();
@@ -689,107 +555,9 @@ OdResult OdDbHatch::dxfInFields(OdDbDxfFiler* filer) {
       case 98:
         seedsFollow = true;
         break;
-      case 91: {
-        const int loops = filer->rdInt32();
-        for (int i = 0; i < loops; ++i) {
-          Loop l;
-          expectCode(filer, this, 92);
-          l.type = filer->rdInt32();
-          if (l.type & kPolyline) {
-            expectCode(filer, this, 72);
-            const bool hasBulges = filer->rdInt16() != 0;
-            expectCode(filer, this, 73);
-            filer->rdInt16();
-            expectCode(filer, this, 93);
-            const int count = filer->rdInt32();
-            for (int k = 0; k < count; ++k) {
-              expectCode(filer, this, 10);
-              l.vertices.append(filer->rdPoint2d());
-              l.bulges.append(hasBulges && nextIs(filer, 42) ? filer->rdDouble() : 0.0);
-            }
-          } else {
-            expectCode(filer, this, 93);
-            const int count = filer->rdInt32();
-            for (int k = 0; k < count; ++k) {
-              Edge e;
-              expectCode(filer, this, 72);
-              const int type = filer->rdInt16();
-              if (type < kLine || type > kSpline) {
-                throw OdError(eBadDxfSequence, describe().str() + ": unknown edge type at " +
-                                                   filer->describePosition().str());
-              }
-              e.type = static_cast<EdgeType>(type);
-              if (e.type == kLine) {
-                expectCode(filer, this, 10);
-                e.start = filer->rdPoint2d();
-                expectCode(filer, this, 11);
-                e.end = filer->rdPoint2d();
-              } else if (e.type == kCirArc || e.type == kEllArc) {
-                expectCode(filer, this, 10);
-                e.center = filer->rdPoint2d();
-                if (e.type == kCirArc) {
-                  expectCode(filer, this, 40);
-                  e.radius = filer->rdDouble();
-                } else {
-                  expectCode(filer, this, 11);
-                  e.majorAxis = filer->rdPoint2d().asVector();
-                  expectCode(filer, this, 40);
-                  e.ratio = filer->rdDouble();
-                }
-                expectCode(filer, this, 50);
-                const double start = filer->rdDouble() / kDegrees;
-                expectCode(filer, this, 51);
-                const double end = filer->rdDouble() / kDegrees;
-                expectCode(filer, this, 73);
-                e.ccw = filer->rdInt16() != 0;
-                // Files keep clockwise arcs with their angles reflected.
-                e.startAngle = e.ccw ? start : OdGeAngle::k2Pi - start;
-                e.endAngle = e.ccw ? end : OdGeAngle::k2Pi - end;
-              } else {
-                expectCode(filer, this, 94);
-                e.degree = filer->rdInt32();
-                expectCode(filer, this, 73);
-                e.rational = filer->rdInt16() != 0;
-                expectCode(filer, this, 74);
-                e.periodic = filer->rdInt16() != 0;
-                expectCode(filer, this, 95);
-                const int knots = filer->rdInt32();
-                expectCode(filer, this, 96);
-                const int points = filer->rdInt32();
-                for (int j = 0; j < knots; ++j) {
-                  expectCode(filer, this, 40);
-                  e.knots.append(filer->rdDouble());
-                }
-                for (int j = 0; j < points; ++j) {
-                  expectCode(filer, this, 10);
-                  e.controlPoints.append(filer->rdPoint2d());
-                  if (e.rational) e.weights.append(nextIs(filer, 42) ? filer->rdDouble() : 1.0);
-                }
-                if (nextIs(filer, 97)) {
-                  const int fits = filer->rdInt32();
-                  for (int j = 0; j < fits; ++j) {
-                    expectCode(filer, this, 11);
-                    e.fitPoints.append(filer->rdPoint2d());
-                  }
-                  if (nextIs(filer, 12)) e.startTangent = filer->rdPoint2d().asVector();
-                  if (nextIs(filer, 13)) e.endTangent = filer->rdPoint2d().asVector();
-                }
-              }
-              l.edges.append(e);
-            }
-          }
-          // Source boundary objects of associative hatches are not kept.
-          if (nextIs(filer, 97)) {
-            const int sources = filer->rdInt32();
-            for (int j = 0; j < sources; ++j) {
-              expectCode(filer, this, 330);
-              filer->rdString();
-            }
-          }
-          m_loops.append(l);
-        }
+      case 91:
+        HatchBoundaryFiling::dxfIn(filer, this, m_loops);
         break;
-      }
       default:
         break;
     }
@@ -806,68 +574,11 @@ void OdDbHatch::dxfOutFields(OdDbDxfFiler* filer) const {
   const bool solid = m_patternName.iEquals("SOLID");
   filer->wrInt16(70, solid ? 1 : 0);
   filer->wrInt16(71, m_associative ? 1 : 0);
-  filer->wrInt32(91, static_cast<int32_t>(m_loops.length()));
-  for (const Loop& l : m_loops) {
-    filer->wrInt32(92, l.type);
-    if (l.type & kPolyline) {
-      bool hasBulges = false;
-      for (double b : l.bulges)
-        hasBulges = hasBulges || b != 0.0;
-      filer->wrInt16(72, hasBulges ? 1 : 0);
-      filer->wrInt16(73, 1);
-      filer->wrInt32(93, static_cast<int32_t>(l.vertices.length()));
-      for (unsigned int k = 0; k < l.vertices.length(); ++k) {
-        filer->wrPoint2d(10, l.vertices[k]);
-        if (hasBulges) filer->wrDouble(42, l.bulges[k]);
-      }
-    } else {
-      filer->wrInt32(93, static_cast<int32_t>(l.edges.length()));
-      for (const Edge& e : l.edges) {
-        filer->wrInt16(72, static_cast<int16_t>(e.type));
-        if (e.type == kLine) {
-          filer->wrPoint2d(10, e.start);
-          filer->wrPoint2d(11, e.end);
-        } else if (e.type == kCirArc || e.type == kEllArc) {
-          filer->wrPoint2d(10, e.center);
-          if (e.type == kCirArc) {
-            filer->wrDouble(40, e.radius);
-          } else {
-            filer->wrPoint2d(11, e.majorAxis.asPoint());
-            filer->wrDouble(40, e.ratio);
-          }
-          const double start = e.ccw ? e.startAngle : OdGeAngle::k2Pi - e.startAngle;
-          const double end = e.ccw ? e.endAngle : OdGeAngle::k2Pi - e.endAngle;
-          filer->wrDouble(50, start * kDegrees);
-          filer->wrDouble(51, end * kDegrees);
-          filer->wrInt16(73, e.ccw ? 1 : 0);
-        } else {
-          filer->wrInt32(94, e.degree);
-          filer->wrInt16(73, e.rational ? 1 : 0);
-          filer->wrInt16(74, e.periodic ? 1 : 0);
-          filer->wrInt32(95, static_cast<int32_t>(e.knots.length()));
-          filer->wrInt32(96, static_cast<int32_t>(e.controlPoints.length()));
-          for (double k : e.knots)
-            filer->wrDouble(40, k);
-          for (unsigned int j = 0; j < e.controlPoints.length(); ++j) {
-            filer->wrPoint2d(10, e.controlPoints[j]);
-            if (e.rational) filer->wrDouble(42, e.weights[j]);
-          }
-          filer->wrInt32(97, static_cast<int32_t>(e.fitPoints.length()));
-          for (const OdGePoint2d& p : e.fitPoints)
-            filer->wrPoint2d(11, p);
-          if (!e.fitPoints.isEmpty()) {
-            filer->wrPoint2d(12, e.startTangent.asPoint());
-            filer->wrPoint2d(13, e.endTangent.asPoint());
-          }
-        }
-      }
-    }
-    filer->wrInt32(97, 0);
-  }
+  HatchBoundaryFiling::dxfOut(filer, m_loops);
   filer->wrInt16(75, static_cast<int16_t>(m_style));
   filer->wrInt16(76, static_cast<int16_t>(m_patternType));
   if (!solid) {
-    filer->wrDouble(52, m_patternAngle * kDegrees);
+    EntityFiling::wrAngleDegrees(filer, 52, m_patternAngle);
     filer->wrDouble(41, m_patternScale);
     filer->wrInt16(77, 0);
     filer->wrInt16(78, 0);

@@ -49,6 +49,14 @@ class OdDbHatch : public OdDbEntity {
     OdGeVector2d endTangent;
   };
 
+  // One boundary loop as the hatch keeps it: a polyline with a bulge per vertex, or edges.
+  struct Loop {
+    int type = kDefault;
+    OdGePoint2dArray vertices;  // polyline loops
+    OdArray<double> bulges;
+    OdArray<Edge> edges;  // edge loops
+  };
+
   OdDbHatch() = default;
 
   OdString patternName() const;
@@ -107,12 +115,6 @@ class OdDbHatch : public OdDbEntity {
   void dxfOutFields(OdDbDxfFiler* filer) const override;
 
  private:
-  struct Loop {
-    int type = kDefault;
-    OdGePoint2dArray vertices;  // polyline loops
-    OdArray<double> bulges;
-    OdArray<Edge> edges;  // edge loops
-  };
   const Loop& loop(int index, const char* where) const;
   // The stretch points of one loop in object coordinates, in listing order.
   static void loopStretchPoints(const Loop& loop, OdGePoint2dArray& points);

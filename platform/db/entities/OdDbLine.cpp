@@ -1,12 +1,14 @@
 #include "platform/db/entities/OdDbLine.h"
 
-#include "platform/db/entities/EntityFiling.h"
-#include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/db/entities/FieldTable.h"
 #include "platform/ge/PlanarTransform.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbLine, OdDbEntity, "LINE", "", 0)
+
+// Offsets into a class with a virtual table: GCC supports them for classes without virtual bases
+// and says so by a warning.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
 OdGePoint3d OdDbLine::startPoint() const {
   assertReadEnabled();
@@ -86,54 +88,13 @@ OdResult OdDbLine::getGeomExtents(OdGeExtents3d& extents) const {
   return eOk;
 }
 
-OdResult OdDbLine::dwgInFields(OdDbDwgFiler* filer) {
-  const OdResult res = OdDbEntity::dwgInFields(filer);
-  if (res != eOk) return res;
-  m_start = filer->rdPoint3d();
-  m_end = filer->rdPoint3d();
-  m_thickness = filer->rdDouble();
-  m_normal = filer->rdVector3d();
-  return eOk;
-}
-
-void OdDbLine::dwgOutFields(OdDbDwgFiler* filer) const {
-  OdDbEntity::dwgOutFields(filer);
-  filer->wrPoint3d(m_start);
-  filer->wrPoint3d(m_end);
-  filer->wrDouble(m_thickness);
-  filer->wrVector3d(m_normal);
-}
-
-OdResult OdDbLine::dxfInFields(OdDbDxfFiler* filer) {
-  const OdResult res = OdDbEntity::dxfInFields(filer);
-  if (res != eOk) return res;
-  EntityFiling::requireSubclass(filer, this, "AcDbLine");
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
-    switch (filer->nextItem()) {
-      case 10:
-        m_start = filer->rdPoint3d();
-        break;
-      case 11:
-        m_end = filer->rdPoint3d();
-        break;
-      case 39:
-        m_thickness = filer->rdDouble();
-        break;
-      case 210:
-        m_normal = EntityFiling::rdNormal(filer);
-        break;
-      default:
-        break;
-    }
-  }
-  return eOk;
-}
-
-void OdDbLine::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbEntity::dxfOutFields(filer);
-  filer->wrSubclassMarker("AcDbLine");
-  if (m_thickness != 0.0) filer->wrDouble(39, m_thickness);
-  filer->wrPoint3d(10, m_start);
-  filer->wrPoint3d(11, m_end);
-  if (!m_normal.isEqualTo(OdGeVector3d::kZAxis)) filer->wrVector3d(210, m_normal);
+FieldTable OdDbLine::fieldTable() const {
+  static constexpr auto kFields = FieldTable::compile({
+      FieldTable::marker("AcDbLine"),
+      FieldTable::field(39, FieldTable::kReal, offsetof(OdDbLine, m_thickness)).omittedAt(0.0),
+      FieldTable::field(10, FieldTable::kPoint, offsetof(OdDbLine, m_start)),
+      FieldTable::field(11, FieldTable::kPoint, offsetof(OdDbLine, m_end)),
+      FieldTable::field(210, FieldTable::kNormal, offsetof(OdDbLine, m_normal)).omittedAt(),
+  });
+  return FieldTable(kFields, this);
 }

@@ -1,13 +1,15 @@
 #include "platform/db/entities/OdDbPoint.h"
 
-#include "platform/db/entities/EntityFiling.h"
-#include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/db/entities/FieldTable.h"
 #include "platform/ge/OdGeAngle.h"
 #include "platform/ge/PlanarTransform.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbPoint, OdDbEntity, "POINT", "", 0)
+
+// Offsets into a class with a virtual table: GCC supports them for classes without virtual bases
+// and says so by a warning.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
 OdGePoint3d OdDbPoint::position() const {
   assertReadEnabled();
@@ -68,54 +70,15 @@ OdResult OdDbPoint::getGeomExtents(OdGeExtents3d& extents) const {
   return eOk;
 }
 
-OdResult OdDbPoint::dwgInFields(OdDbDwgFiler* filer) {
-  const OdResult res = OdDbEntity::dwgInFields(filer);
-  if (res != eOk) return res;
-  m_position = filer->rdPoint3d();
-  m_thickness = filer->rdDouble();
-  m_normal = filer->rdVector3d();
-  m_ecsRotation = filer->rdDouble();
-  return eOk;
-}
-
-void OdDbPoint::dwgOutFields(OdDbDwgFiler* filer) const {
-  OdDbEntity::dwgOutFields(filer);
-  filer->wrPoint3d(m_position);
-  filer->wrDouble(m_thickness);
-  filer->wrVector3d(m_normal);
-  filer->wrDouble(m_ecsRotation);
-}
-
-OdResult OdDbPoint::dxfInFields(OdDbDxfFiler* filer) {
-  const OdResult res = OdDbEntity::dxfInFields(filer);
-  if (res != eOk) return res;
-  EntityFiling::requireSubclass(filer, this, "AcDbPoint");
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
-    switch (filer->nextItem()) {
-      case 10:
-        m_position = filer->rdPoint3d();
-        break;
-      case 39:
-        m_thickness = filer->rdDouble();
-        break;
-      case 210:
-        m_normal = EntityFiling::rdNormal(filer);
-        break;
-      case 50:
-        m_ecsRotation = OdGeAngle::normalize(EntityFiling::rdAngleDegrees(filer));
-        break;
-      default:
-        break;
-    }
-  }
-  return eOk;
-}
-
-void OdDbPoint::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbEntity::dxfOutFields(filer);
-  filer->wrSubclassMarker("AcDbPoint");
-  filer->wrPoint3d(10, m_position);
-  if (m_thickness != 0.0) filer->wrDouble(39, m_thickness);
-  if (!m_normal.isEqualTo(OdGeVector3d::kZAxis)) filer->wrVector3d(210, m_normal);
-  if (m_ecsRotation != 0.0) EntityFiling::wrAngleDegrees(filer, 50, m_ecsRotation);
+FieldTable OdDbPoint::fieldTable() const {
+  static constexpr auto kFields = FieldTable::compile({
+      FieldTable::marker("AcDbPoint"),
+      FieldTable::field(10, FieldTable::kPoint, offsetof(OdDbPoint, m_position)),
+      FieldTable::field(39, FieldTable::kReal, offsetof(OdDbPoint, m_thickness)).omittedAt(0.0),
+      FieldTable::field(210, FieldTable::kNormal, offsetof(OdDbPoint, m_normal)).omittedAt(),
+      FieldTable::field(50, FieldTable::kAngle, offsetof(OdDbPoint, m_ecsRotation))
+          .normalizedOnRead()
+          .omittedAt(0.0),
+  });
+  return FieldTable(kFields, this);
 }

@@ -1,12 +1,15 @@
 #include "platform/db/entities/OdDbSolid.h"
 
 #include "platform/db/entities/EntityFiling.h"
-#include "platform/db/filers/OdDbDwgFiler.h"
-#include "platform/db/filers/OdDbDxfFiler.h"
+#include "platform/db/entities/FieldTable.h"
 #include "platform/ge/PlanarTransform.h"
 #include "platform/rx/OdRxClass.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbSolid, OdDbEntity, "SOLID", "", 0)
+
+// Offsets into a class with a virtual table: GCC supports them for classes without virtual bases
+// and says so by a warning.
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
 namespace {
 void checkCorner(int index, const char* where) {
@@ -70,62 +73,17 @@ OdResult OdDbSolid::getGeomExtents(OdGeExtents3d& extents) const {
   return eOk;
 }
 
-OdResult OdDbSolid::dwgInFields(OdDbDwgFiler* filer) {
-  const OdResult res = OdDbEntity::dwgInFields(filer);
-  if (res != eOk) return res;
-  for (OdGePoint3d& corner : m_corners)
-    corner = filer->rdPoint3d();
-  m_thickness = filer->rdDouble();
-  m_normal = filer->rdVector3d();
-  return eOk;
-}
-
-void OdDbSolid::dwgOutFields(OdDbDwgFiler* filer) const {
-  OdDbEntity::dwgOutFields(filer);
-  for (const OdGePoint3d& corner : m_corners)
-    filer->wrPoint3d(corner);
-  filer->wrDouble(m_thickness);
-  filer->wrVector3d(m_normal);
-}
-
-OdResult OdDbSolid::dxfInFields(OdDbDxfFiler* filer) {
-  const OdResult res = OdDbEntity::dxfInFields(filer);
-  if (res != eOk) return res;
-  EntityFiling::requireSubclass(filer, this, "AcDbTrace");
-  OdGePoint3d ocs[4];
-  bool hasFourth = false;
-  while (!filer->atEOF() && !filer->atEndOfObject()) {
-    const int code = filer->nextItem();
-    switch (code) {
-      case 10:
-      case 11:
-      case 12:
-      case 13:
-        ocs[code - 10] = filer->rdPoint3d();
-        hasFourth = hasFourth || code == 13;
-        break;
-      case 39:
-        m_thickness = filer->rdDouble();
-        break;
-      case 210:
-        m_normal = EntityFiling::rdNormal(filer);
-        break;
-      default:
-        break;
-    }
-  }
-  // A triangle may leave out its fourth corner.
-  if (!hasFourth) ocs[3] = ocs[2];
-  for (int i = 0; i < 4; ++i)
-    m_corners[i] = EntityFiling::toWcs(m_normal, ocs[i]);
-  return eOk;
-}
-
-void OdDbSolid::dxfOutFields(OdDbDxfFiler* filer) const {
-  OdDbEntity::dxfOutFields(filer);
-  filer->wrSubclassMarker("AcDbTrace");
-  for (int i = 0; i < 4; ++i)
-    filer->wrPoint3d(10 + i, EntityFiling::toOcs(m_normal, m_corners[i]));
-  if (m_thickness != 0.0) filer->wrDouble(39, m_thickness);
-  if (!m_normal.isEqualTo(OdGeVector3d::kZAxis)) filer->wrVector3d(210, m_normal);
+FieldTable OdDbSolid::fieldTable() const {
+  static constexpr auto kFields = FieldTable::compile({
+      FieldTable::marker("AcDbTrace"),
+      FieldTable::field(10, FieldTable::kOcsPoint, offsetof(OdDbSolid, m_corners[0])),
+      FieldTable::field(11, FieldTable::kOcsPoint, offsetof(OdDbSolid, m_corners[1])),
+      FieldTable::field(12, FieldTable::kOcsPoint, offsetof(OdDbSolid, m_corners[2])),
+      // A triangle may leave out its fourth corner.
+      FieldTable::field(13, FieldTable::kOcsPoint, offsetof(OdDbSolid, m_corners[3]))
+          .previousWhenAbsent(),
+      FieldTable::field(39, FieldTable::kReal, offsetof(OdDbSolid, m_thickness)).omittedAt(0.0),
+      FieldTable::field(210, FieldTable::kNormal, offsetof(OdDbSolid, m_normal)).omittedAt(),
+  });
+  return FieldTable(kFields, this);
 }

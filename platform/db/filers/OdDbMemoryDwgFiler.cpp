@@ -65,10 +65,29 @@ void OdDbMemoryDwgFiler::reset() {
   m_status = eOk;
   for (auto& ids : m_ids)
     ids.clear();
+  for (unsigned& next : m_idsRead)
+    next = 0;
 }
 
 const OdDbObjectIdArray& OdDbMemoryDwgFiler::collectedIds(OdDb::ReferenceType type) const {
   return m_ids[static_cast<int>(type) & 3];
+}
+
+OdBinaryData OdDbMemoryDwgFiler::data() const {
+  return OdBinaryData(std::vector<unsigned char>(
+      m_bytes.begin(), m_bytes.begin() + static_cast<std::ptrdiff_t>(m_length)));
+}
+
+void OdDbMemoryDwgFiler::setData(const OdBinaryData& data) {
+  reset();
+  reserveFor(data.length());
+  if (!data.isEmpty()) std::memcpy(m_bytes.data(), data.asArrayPtr(), data.length());
+  m_length = data.length();
+}
+
+void OdDbMemoryDwgFiler::setIds(OdDb::ReferenceType type, const OdDbObjectIdArray& ids) {
+  m_ids[static_cast<int>(type) & 3] = ids;
+  m_idsRead[static_cast<int>(type) & 3] = 0;
 }
 
 void OdDbMemoryDwgFiler::seek(std::int64_t offset, OdDb::FilerSeekType seekType) {
@@ -89,14 +108,24 @@ void OdDbMemoryDwgFiler::fail(OdResult code, const std::string& message) {
 
 // put and get serve every value: inlined into each, their copies have fixed sizes.
 inline void OdDbMemoryDwgFiler::put(Tag tag, const void* data, std::size_t size) {
-  // Writing in the middle overwrites from there on, as a file would.
   if (m_collectOnly) return;
+  const std::size_t tagSize = m_layout == Layout::kTagged ? 1 : 0;
   const auto at = static_cast<std::size_t>(m_position);
-  if (at + 1 + size > m_bytes.size()) reserveFor(at + 1 + size);
-  m_bytes[at] = static_cast<unsigned char>(tag);
-  if (size) std::memcpy(m_bytes.data() + at + 1, data, size);
-  m_length = at + 1 + size;
-  m_position = m_length;
+  const std::size_t end = at + tagSize + size;
+  if (end > m_bytes.size()) reserveFor(end);
+  if (tagSize) m_bytes[at] = static_cast<unsigned char>(tag);
+  std::memcpy(m_bytes.data() + at + tagSize, data, size);
+  m_position = end;
+  if (end > m_length) m_length = end;
+}
+
+void OdDbMemoryDwgFiler::putRaw(const void* data, std::size_t size) {
+  if (!size || m_collectOnly) return;
+  const auto at = static_cast<std::size_t>(m_position);
+  if (at + size > m_bytes.size()) reserveFor(at + size);
+  std::memcpy(m_bytes.data() + at, data, size);
+  m_position = at + size;
+  if (m_position > m_length) m_length = static_cast<std::size_t>(m_position);
 }
 
 void OdDbMemoryDwgFiler::reserveFor(std::size_t length) {
@@ -107,10 +136,20 @@ void OdDbMemoryDwgFiler::reserveFor(std::size_t length) {
 
 inline void OdDbMemoryDwgFiler::get(Tag tag, void* data, std::size_t size) {
   const auto wanted = static_cast<unsigned char>(tag);
-  if (m_position + 1 + size > m_length || m_bytes[static_cast<std::size_t>(m_position)] != wanted)
-    failRead(wanted);
-  std::memcpy(data, m_bytes.data() + m_position + 1, size);
-  m_position += 1 + size;
+  const std::size_t tagSize = m_layout == Layout::kTagged ? 1 : 0;
+  const auto at = static_cast<std::size_t>(m_position);
+  if (at + tagSize + size > m_length || (tagSize && m_bytes[at] != wanted)) failRead(wanted);
+  std::memcpy(data, m_bytes.data() + at + tagSize, size);
+  m_position = at + tagSize + size;
+}
+
+const unsigned char* OdDbMemoryDwgFiler::take(std::size_t size, const char* what) {
+  if (m_position + size > m_length)
+    fail(eEndOfFile, std::string("a ") + what + " of " + std::to_string(size) + " bytes at byte " +
+                         std::to_string(m_position) + " is cut off by the end of the stream");
+  const unsigned char* bytes = m_bytes.data() + m_position;
+  m_position += size;
+  return bytes;
 }
 
 void OdDbMemoryDwgFiler::failRead(unsigned char wanted) {
@@ -118,7 +157,7 @@ void OdDbMemoryDwgFiler::failRead(unsigned char wanted) {
     fail(eEndOfFile, std::string("reading a ") + tagName(wanted) + " at the end of the stream (" +
                          std::to_string(m_length) + " bytes)");
   const unsigned char found = m_bytes[static_cast<std::size_t>(m_position)];
-  if (found != wanted)
+  if (m_layout == Layout::kTagged && found != wanted)
     fail(eDwgObjectImproperlyRead, std::string("reading a ") + tagName(wanted) + " at byte " +
                                        std::to_string(m_position) + " where a " + tagName(found) +
                                        " was written");
@@ -159,24 +198,18 @@ double OdDbMemoryDwgFiler::rdDouble() {
 OdString OdDbMemoryDwgFiler::rdString() {
   std::uint32_t length = 0;
   get(Tag::kString, &length, sizeof length);
-  if (m_position + length > m_length)
-    fail(eEndOfFile, "a string of " + std::to_string(length) + " bytes at byte " +
-                         std::to_string(m_position) + " is cut off by the end of the stream");
-  OdString value(reinterpret_cast<const char*>(m_bytes.data() + m_position), length);
-  m_position += length;
-  return value;
+  return OdString(reinterpret_cast<const char*>(take(length, "string")), length);
 }
 void OdDbMemoryDwgFiler::rdBytes(void* buffer, std::uint32_t numBytes) {
-  std::uint32_t length = 0;
-  get(Tag::kBytes, &length, sizeof length);
-  if (length != numBytes)
-    fail(eDwgObjectImproperlyRead, "reading " + std::to_string(numBytes) + " bytes at byte " +
-                                       std::to_string(m_position) + " where " +
-                                       std::to_string(length) + " were written");
-  if (m_position + length > m_length)
-    fail(eEndOfFile, "a block of " + std::to_string(length) + " bytes is cut off");
-  if (length) std::memcpy(buffer, m_bytes.data() + m_position, length);
-  m_position += length;
+  if (m_layout == Layout::kTagged) {
+    std::uint32_t length = 0;
+    get(Tag::kBytes, &length, sizeof length);
+    if (length != numBytes)
+      fail(eDwgObjectImproperlyRead, "reading " + std::to_string(numBytes) + " bytes at byte " +
+                                         std::to_string(m_position) + " where " +
+                                         std::to_string(length) + " were written");
+  }
+  if (numBytes) std::memcpy(buffer, take(numBytes, "block"), numBytes);
 }
 OdDbHandle OdDbMemoryDwgFiler::rdDbHandle() {
   std::uint64_t value = 0;
@@ -206,18 +239,11 @@ void OdDbMemoryDwgFiler::wrDouble(double value) {
 void OdDbMemoryDwgFiler::wrString(const OdString& value) {
   const auto length = static_cast<std::uint32_t>(value.str().size());
   put(Tag::kString, &length, sizeof length);
-  appendRaw(value.c_str(), length);
+  putRaw(value.c_str(), length);
 }
 void OdDbMemoryDwgFiler::wrBytes(const void* buffer, std::uint32_t numBytes) {
-  put(Tag::kBytes, &numBytes, sizeof numBytes);
-  appendRaw(buffer, numBytes);
-}
-void OdDbMemoryDwgFiler::appendRaw(const void* data, std::size_t size) {
-  if (!size || m_collectOnly) return;
-  reserveFor(m_length + size);
-  std::memcpy(m_bytes.data() + m_length, data, size);
-  m_length += size;
-  m_position = m_length;
+  if (m_layout == Layout::kTagged) put(Tag::kBytes, &numBytes, sizeof numBytes);
+  putRaw(buffer, numBytes);
 }
 void OdDbMemoryDwgFiler::wrDbHandle(const OdDbHandle& value) {
   const std::uint64_t raw = value.value();
@@ -225,17 +251,33 @@ void OdDbMemoryDwgFiler::wrDbHandle(const OdDbHandle& value) {
 }
 
 void OdDbMemoryDwgFiler::writeId(const OdDbObjectId& id, OdDb::ReferenceType type) {
+  if (m_layout == Layout::kPlain) {
+    m_ids[type].append(id);
+    return;
+  }
   OdDbStub* stub = id.stub();
-  put(static_cast<Tag>(static_cast<int>(Tag::kSoftOwnershipId) + (type ^ 2)), &stub, sizeof stub);
+  put(idTag(type), &stub, sizeof stub);
   if (!id.isNull()) m_ids[type].append(id);
 }
 
 OdDbObjectId OdDbMemoryDwgFiler::readId(OdDb::ReferenceType type) {
+  if (m_layout == Layout::kPlain) {
+    unsigned& next = m_idsRead[type];
+    if (next >= m_ids[type].length())
+      fail(eDwgObjectImproperlyRead, std::string("no ") +
+                                         tagName(static_cast<unsigned char>(idTag(type))) +
+                                         " left after " + std::to_string(next));
+    return translateId(m_ids[type][next++], type);
+  }
   OdDbStub* stub = nullptr;
-  get(static_cast<Tag>(static_cast<int>(Tag::kSoftOwnershipId) + (type ^ 2)), &stub, sizeof stub);
+  get(idTag(type), &stub, sizeof stub);
   const OdDbObjectId id(stub);
   if (!id.isNull()) m_ids[type].append(id);
   return translateId(id, type);
+}
+
+OdDbMemoryDwgFiler::Tag OdDbMemoryDwgFiler::idTag(OdDb::ReferenceType type) {
+  return static_cast<Tag>(static_cast<int>(Tag::kSoftOwnershipId) + (type ^ 2));
 }
 
 OdDbObjectId OdDbMemoryDwgFiler::translateId(const OdDbObjectId& id, OdDb::ReferenceType type) {

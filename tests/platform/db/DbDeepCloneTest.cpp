@@ -2,8 +2,8 @@
 #include <vector>
 
 #include "DbTestSupport.h"
-#include "platform/db/OdRxEvent.h"
 #include "platform/db/cloning/OdDbIdMapping.h"
+#include "platform/db/cloning/OdRxEvent.h"
 #include "platform/db/symtables/OdDbLayerTable.h"
 #include "platform/db/symtables/OdDbLayerTableRecord.h"
 
@@ -107,6 +107,30 @@ TEST_F(DbDeepClone, BlockIsClonedWithNestedOwnershipAndTranslatedReferences) {
 
   // The original is untouched.
   EXPECT_EQ(open<OdDbXrecord>(linksId)->rbChain()->getObjectId(), second);
+}
+
+TEST_F(DbDeepClone, ACopyNeverClaimsAChildThatBelongsElsewhereOrWasErased) {
+  // First the owned record is moved to another owner, then erased: either way it is not cloned,
+  // and the copy of the record that files it as owned must not own it.
+  const OdDbObjectId elsewhere = db->getNamedObjectsDictionaryId();
+  for (bool erased : {false, true}) {
+    SCOPED_TRACE(erased ? "erased" : "owned elsewhere");
+    if (erased)
+      open<OdDbObject>(ownedId, OdDb::kForWrite)->erase();
+    else
+      open<OdDbObject>(ownedId, OdDb::kForWrite)->setOwnerId(elsewhere);
+    OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+    db->deepCloneObjects(OdDbObjectIdArray{part}, db->getBlockTableId(), *mapping);
+    EXPECT_TRUE(cloneOf(*mapping, ownedId).isNull());
+    const OdDbObjectId linksCopy = cloneOf(*mapping, linksId);
+    ASSERT_FALSE(linksCopy.isNull());
+    OdResBufPtr chain = open<OdDbXrecord>(linksCopy)->rbChain();
+    EXPECT_EQ(chain->getObjectId(), cloneOf(*mapping, second));
+    EXPECT_TRUE(chain->next()->next()->getObjectId().isNull());
+    // The original keeps its own link and the child its owner.
+    EXPECT_EQ(open<OdDbXrecord>(linksId)->rbChain()->next()->next()->getObjectId(), ownedId);
+    EXPECT_EQ(open<OdDbObject>(ownedId, OdDb::kForRead, true)->ownerId(), elsewhere);
+  }
 }
 
 TEST_F(DbDeepClone, UnfitOwnersAreRefusedBeforeAnythingIsCloned) {

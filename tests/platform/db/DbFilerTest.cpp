@@ -81,6 +81,50 @@ TEST_F(DbFilers, MemoryFilerRoundTripsEveryKindAndCollectsIdsByKind) {
   EXPECT_OD_ERROR(filer->rdInt16(), eEndOfFile);
 }
 
+TEST_F(DbFilers, PlainLayoutKeepsBareValuesAndIdsAside) {
+  OdDbMemoryDwgFilerPtr out = OdDbMemoryDwgFiler::createObject(db.get(), OdDb::kFileFiler);
+  out->setLayout(OdDbMemoryDwgFiler::Layout::kPlain);
+  const OdDbObjectId a = db->getBlockTableId();
+  const std::uint8_t bytes[] = {9, 8};
+  out->wrInt16(0x0102);
+  out->wrString("ab");
+  out->wrBytes(bytes, 2);
+  out->wrHardPointerId(a);
+  out->wrHardPointerId(OdDbObjectId::kNull);
+  out->wrPoint3d(OdGePoint3d(1, 2, 3));
+  // Records keep this form: no kind bytes, a string after its 32-bit length, bare blocks.
+  const OdBinaryData data = out->data();
+  ASSERT_EQ(data.length(), 2u + 4u + 2u + 2u + 24u);
+  EXPECT_EQ(data[0], 0x02);
+  EXPECT_EQ(data[2], 2);
+  EXPECT_EQ(data[6], 'a');
+  EXPECT_EQ(data[8], 9);
+  EXPECT_EQ(out->collectedIds(OdDb::kHardPointerRef), (OdDbObjectIdArray{a, OdDbObjectId::kNull}));
+
+  OdDbMemoryDwgFilerPtr in = OdDbMemoryDwgFiler::createObject(db.get(), OdDb::kFileFiler);
+  in->setLayout(OdDbMemoryDwgFiler::Layout::kPlain);
+  in->setData(data);
+  in->setIds(OdDb::kHardPointerRef, out->collectedIds(OdDb::kHardPointerRef));
+  EXPECT_EQ(in->rdInt16(), 0x0102);
+  EXPECT_EQ(in->rdString(), "ab");
+  std::uint8_t back[2] = {};
+  in->rdBytes(back, 2);
+  EXPECT_EQ(back[1], 8);
+  EXPECT_EQ(in->rdHardPointerId(), a);
+  EXPECT_TRUE(in->rdHardPointerId().isNull());
+  EXPECT_OD_ERROR(in->rdHardPointerId(), eDwgObjectImproperlyRead);
+  EXPECT_OD_ERROR(in->rdSoftPointerId(), eDwgObjectImproperlyRead);
+  EXPECT_TRUE(in->rdPoint3d().isEqualTo(OdGePoint3d(1, 2, 3)));
+  EXPECT_OD_ERROR(in->rdInt8(), eEndOfFile);
+
+  // A length running past the end is caught before anything is read from beyond it.
+  in->seek(2, OdDb::kSeekFromStart);
+  in->wrInt32(1000);
+  in->seek(2, OdDb::kSeekFromStart);
+  EXPECT_OD_ERROR(in->rdString(), eEndOfFile);
+  EXPECT_EQ(in->length(), data.length()) << "writing in the middle keeps the rest";
+}
+
 TEST_F(DbFilers, CopiesCarryDataButNeverOwnership) {
   OdDbDictionaryPtr named =
       open<OdDbDictionary>(db->getNamedObjectsDictionaryId(), OdDb::kForWrite);

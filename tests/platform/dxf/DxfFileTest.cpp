@@ -19,6 +19,7 @@
 #include "platform/dxf/DxfFile.h"
 #include "platform/dxf/DxfFileTestSupport.h"
 #include "support/ExternalDxfReader.h"
+#include "support/ReferenceFiles.h"
 
 namespace fs = std::filesystem;
 
@@ -192,6 +193,48 @@ TEST(DxfFileRoundTrip, UnknownRecordsAndUnreadTagsAreWrittenBackTagForTag) {
       << "the transparency the line does not model stays in its subclass";
   EXPECT_NE(text.find("$LIMMAX\r\n 10\r\n420.0\r\n 20\r\n297.0\r\n"), std::string::npos);
   EXPECT_NE(text.find("$INSUNITS\r\n 70\r\n     6\r\n"), std::string::npos);
+}
+
+TEST(DxfFileHandles, NewHandlesStartAtTheFilesSeed) {
+  // A drawing of one line, its handles up to D, its seed moved on from E to 200.
+  const std::string seeded = "$HANDSEED\r\n  5\r\n";
+  std::string file = ReferenceFileBytes("entities/line-r2018.dxf");
+  const std::size_t at = file.find(seeded) + seeded.size();
+  ASSERT_EQ(file.substr(at, 3), "E\r\n");
+  file.replace(at, 1, "200");
+  OdDbDatabasePtr db = DxfFile::readFromMemory(file);
+  EXPECT_EQ(db->handseed(), OdDbHandle(0x200));
+  OdDbXrecordPtr record = OdDbXrecord::createObject();
+  EXPECT_EQ(db->addOdDbObject(record.get()).getHandle(), OdDbHandle(0x200));
+  record.release();
+  EXPECT_NE(DxfFile::writeToMemory(db.get()).find(seeded + "201\r\n"), std::string::npos);
+
+  // A seed below a handle in use gives way to the handles.
+  file.replace(at, 3, "3");
+  EXPECT_EQ(DxfFile::readFromMemory(file)->handseed(), OdDbHandle(0xE));
+}
+
+TEST(DxfFileHandles, SixteenDigitHandlesReadAndLongerOnesAreRefused) {
+  OdDbHandle handle;
+  EXPECT_TRUE(OdDbHandle::fromAscii("FEDCBA9876543210", handle));
+  EXPECT_EQ(handle.value(), 0xFEDCBA9876543210u);
+  EXPECT_FALSE(OdDbHandle::fromAscii("10FEDCBA987654321", handle));
+  EXPECT_TRUE(handle.isNull());
+
+  // The line and the pointer to it carry a handle of sixteen digits.
+  std::string file = kUnknownRecordFile;
+  for (const char* text : {"5\n40\n", "340\n40\n"}) {
+    const std::size_t at = file.find(text) + std::string(text).size() - 3;
+    file.replace(at, 2, "7000000000000040");
+  }
+  OdDbDatabasePtr db = DxfFile::readFromMemory(file);
+  const OdDbObjectId line = db->getOdDbObjectId(OdDbHandle(0x7000000000000040));
+  EXPECT_TRUE(line.safeOpenObject()->isKindOf(OdDbLine::desc()));
+  OdDbUnknownObjectPtr unknown =
+      OdDbUnknownObject::cast(db->getOdDbObjectId(0x50).safeOpenObject().get());
+  EXPECT_EQ(unknown->items()->next()->next()->getObjectId(), line);
+  EXPECT_NE(DxfFile::writeToMemory(db.get()).find("LINE\r\n  5\r\n7000000000000040\r\n"),
+            std::string::npos);
 }
 
 TEST(DxfFileErrors, MalformedFilesNameTheirPlaceAndWhatWasExpected) {

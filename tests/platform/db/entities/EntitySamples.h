@@ -1,5 +1,7 @@
 // One sample of every entity kind with non-default values in all its fields, for the tests that
-// every kind shares (filing, translation, stretching everything).
+// every kind shares (filing, translation, stretching everything). The reference drawings of
+// tests/data/entities were written from these samples and are compared with them byte for byte:
+// a sample is never changed, only added.
 #pragma once
 
 #include <functional>

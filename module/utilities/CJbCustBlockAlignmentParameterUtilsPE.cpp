@@ -1,7 +1,0 @@
-#include "module/utilities/CJbCustBlockAlignmentParameterUtilsPE.h"
-
-#include "parameters/CJbCustBlockAlignmentParameter.h"
-
-CJbCustBlockAlignmentParameterUtilsPE::CJbCustBlockAlignmentParameterUtilsPE()
-    : CJbCustBlockParameterUtilsPE(&CJbCustBlockAlignmentParameter::desc, "Alignment", "ALIGNMENT",
-                                   0, "JbCustBlockAlignmentGrip") {}

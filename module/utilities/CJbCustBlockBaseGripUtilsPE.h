@@ -1,9 +1,0 @@
-// Editing utilities of base grips.
-#pragma once
-
-#include "module/utilities/CJbCustBlockGripUtilsPE.h"
-
-class CJbCustBlockBaseGripUtilsPE : public CJbCustBlockGripUtilsPE {
- public:
-  CJbCustBlockBaseGripUtilsPE();
-};

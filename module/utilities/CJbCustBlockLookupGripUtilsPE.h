@@ -1,9 +1,0 @@
-// Editing utilities of table grips.
-#pragma once
-
-#include "module/utilities/CJbCustBlockGripUtilsPE.h"
-
-class CJbCustBlockLookupGripUtilsPE : public CJbCustBlockGripUtilsPE {
- public:
-  CJbCustBlockLookupGripUtilsPE();
-};

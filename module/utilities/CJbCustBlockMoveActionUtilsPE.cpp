@@ -1,6 +1,0 @@
-#include "module/utilities/CJbCustBlockMoveActionUtilsPE.h"
-
-#include "actions/CJbCustBlockMoveAction.h"
-
-CJbCustBlockMoveActionUtilsPE::CJbCustBlockMoveActionUtilsPE()
-    : CJbCustBlockActionUtilsPE(&CJbCustBlockMoveAction::desc, "Move", "MOVE") {}

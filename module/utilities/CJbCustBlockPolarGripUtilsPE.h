@@ -1,9 +1,0 @@
-// Editing utilities of polar grips.
-#pragma once
-
-#include "module/utilities/CJbCustBlockGripUtilsPE.h"
-
-class CJbCustBlockPolarGripUtilsPE : public CJbCustBlockGripUtilsPE {
- public:
-  CJbCustBlockPolarGripUtilsPE();
-};

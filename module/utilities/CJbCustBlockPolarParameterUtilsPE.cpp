@@ -1,7 +1,0 @@
-#include "module/utilities/CJbCustBlockPolarParameterUtilsPE.h"
-
-#include "parameters/CJbCustBlockPolarParameter.h"
-
-CJbCustBlockPolarParameterUtilsPE::CJbCustBlockPolarParameterUtilsPE()
-    : CJbCustBlockParameterUtilsPE(&CJbCustBlockPolarParameter::desc, "Polar", "POLAR",
-                                   OdResBuf::kRtDouble, "JbCustBlockPolarGrip") {}

@@ -1,7 +1,0 @@
-#include "module/utilities/CJbCustBlockPolarStretchActionUtilsPE.h"
-
-#include "actions/CJbCustBlockPolarStretchAction.h"
-
-CJbCustBlockPolarStretchActionUtilsPE::CJbCustBlockPolarStretchActionUtilsPE()
-    : CJbCustBlockActionUtilsPE(&CJbCustBlockPolarStretchAction::desc, "Polar Stretch",
-                                "POLARSTRETCH") {}

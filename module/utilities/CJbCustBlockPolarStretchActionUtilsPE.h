@@ -1,9 +1,0 @@
-// Editing utilities of polar stretch actions.
-#pragma once
-
-#include "module/utilities/CJbCustBlockActionUtilsPE.h"
-
-class CJbCustBlockPolarStretchActionUtilsPE : public CJbCustBlockActionUtilsPE {
- public:
-  CJbCustBlockPolarStretchActionUtilsPE();
-};

@@ -1,9 +1,0 @@
-// Editing utilities of rotation grips.
-#pragma once
-
-#include "module/utilities/CJbCustBlockGripUtilsPE.h"
-
-class CJbCustBlockRotationGripUtilsPE : public CJbCustBlockGripUtilsPE {
- public:
-  CJbCustBlockRotationGripUtilsPE();
-};

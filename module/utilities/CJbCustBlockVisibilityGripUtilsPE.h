@@ -1,9 +1,0 @@
-// Editing utilities of visibility grips.
-#pragma once
-
-#include "module/utilities/CJbCustBlockGripUtilsPE.h"
-
-class CJbCustBlockVisibilityGripUtilsPE : public CJbCustBlockGripUtilsPE {
- public:
-  CJbCustBlockVisibilityGripUtilsPE();
-};
